@@ -19,7 +19,9 @@ inline bool IsRawByte(wchar_t ch) {
     return ch >= kRawByteBase + 0x80 && ch <= kRawByteBase + 0xFF;
 }
 // The character that stands for `ch` on screen, in sorting and in matching.
-inline wchar_t ShownCharacter(wchar_t ch) { return IsRawByte(ch) ? ch - kRawByteBase : ch; }
+inline wchar_t ShownCharacter(wchar_t ch) {
+    return IsRawByte(ch) ? ch - kRawByteBase : ch;
+}
 
 Westring NameFromBytes(const char* bytes);
 // Decodes into `target`, which must have room for strlen(bytes) + 1 elements. Gives the number of

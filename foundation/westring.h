@@ -56,6 +56,8 @@ public:
     Westring& operator+=(const char* utf8);     // null is ignored
     Westring& operator+=(wchar_t ch);
     Westring& operator+=(char ch);  // sign-extended
+    // Appends n elements; a 0 among them ends the text there.
+    void Append(const wchar_t* text, int n);
 
     // The index is clamped to the capacity less one.
     Reader operator[](int index) const { return Reader(*this, index); }
@@ -88,9 +90,9 @@ public:
     Westring ToLower() const;
 
     Estring ToUtf8() const;
-    Estring ToNarrow() const;                             // each element cut to its low byte
-    static Westring FromWiden(const Estring& bytes);      // Latin-1
-    static Westring FromUtf16(const uint16_t* units);     // zero-ended
+    Estring ToNarrow() const;                          // each element cut to its low byte
+    static Westring FromWiden(const Estring& bytes);   // Latin-1
+    static Westring FromUtf16(const uint16_t* units);  // zero-ended
     // Code pages by number, converted with iconv. False when a byte had no meaning (it becomes
     // U+2302) or when the code page is unknown (the target is then left empty).
     static bool FromCodePage(const char* bytes, int codePage, Westring& target);
