@@ -1,0 +1,46 @@
+// Blocks of single entries.
+#include "panels/entry.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <new>
+
+namespace zt {
+
+void ClearEntry(entry& e) {
+    e.size = 0;
+    e.flags = e.mode = e.uid = e.gid = 0;
+    e.time = TTime{};
+    e.tagged = e.wasTagged = 0;
+    e.level = 0;
+    e.reserved[0] = e.reserved[1] = -1;
+    e.node = nullptr;
+    e.group = 0;
+}
+
+static entry* AllocateEntry(size_t nameLength) {
+    void* block = malloc(EntryBytes(nameLength));
+    if (!block) throw std::bad_alloc();
+    return static_cast<entry*>(block);
+}
+
+entry* NewEntry(const wchar_t* name) {
+    entry* e = AllocateEntry(wcslen(name));
+    ClearEntry(*e);
+    wcscpy(e->name, name);
+    return e;
+}
+
+entry* CopyEntry(const entry& from) {
+    const size_t length = wcslen(from.name);
+    entry* e = AllocateEntry(length);
+    memcpy(static_cast<void*>(e), &from, EntryBytes(length));
+    return e;
+}
+
+void FreeEntry(entry* e) {
+    free(e);
+}
+
+}  // namespace zt

@@ -1,0 +1,22 @@
+// The two panels, which of them is active, and what they share. The main function owns the one
+// PanelPair of the program. First thread only.
+#pragma once
+
+#include "panels/directory_history.h"
+#include "panels/panel.h"
+#include "panels/panel_seams.h"
+
+namespace zt {
+
+struct PanelPair {
+    CPanel panel[2] = {{*this, 0}, {*this, 1}};
+    int active = 0;
+    int lastActivated = -1;  // the side for which headers and title were drawn last
+    DirectoryHistory directoryHistory;
+    PanelSeams seams;
+
+    CPanel& Active() { return panel[active]; }
+    CPanel& Inactive() { return panel[1 - active]; }
+};
+
+}  // namespace zt

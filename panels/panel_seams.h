@@ -1,0 +1,82 @@
+// Where the panel reaches what is built above it or beside it: archives, the tree, the info kind,
+// the filter, colours by rule. Each is filled in at start-up; one that is null is not there, and
+// the panel does without it. Borrowed pointers; first thread only.
+#pragma once
+
+#include <memory>
+
+#include "console/cell.h"
+#include "foundation/westring.h"
+#include "panels/entry_scanner.h"
+
+namespace zt {
+
+struct CPanel;
+
+class IPanelArchives {
+public:
+    virtual ~IPanelArchives() = default;
+    // Closes each open archive of the panel that its path has left or whose file is gone.
+    virtual void CloseLeft(CPanel& panel) = 0;
+    // The listing of the panel's path inside its innermost archive.
+    virtual std::unique_ptr<IEntryScanner> OpenListing(CPanel& panel) = 0;
+    // Closes those archives that do not lie on `path`, innermost first.
+    virtual void CloseBeside(CPanel& panel, const Westring& path) = 0;
+    // True when the file, or the member of the open archive, is an archive and now is the
+    // panel's innermost one.
+    virtual bool Open(CPanel& panel, const Westring& path) = 0;
+    // True when `path` is a directory inside the innermost open archive.
+    virtual bool HasDirectory(CPanel& panel, const Westring& path) = 0;
+    // The directory on disk that holds the outermost archive.
+    virtual Westring RealDirectory(const CPanel& panel) = 0;
+    // The target that the archive's record has for a link.
+    virtual Westring LinkTarget(const CPanel& panel, const entry& link) = 0;
+};
+
+class IPanelTree {
+public:
+    virtual ~IPanelTree() = default;
+    // Fills the panel's entries with the rows of the tree.
+    virtual void BuildRows(CPanel& panel) = 0;
+    // Sets panel.tree to the tree that belongs to its path, or to null.
+    virtual void Link(CPanel& panel) = 0;
+    // The known total of the subdirectory `name`; false when unknown.
+    virtual bool KnownTotal(const CPanel& panel, const wchar_t* name, uint64_t& total) = 0;
+    // A read of panel.path has seen `filesTotal` bytes of plain files.
+    virtual void ReadDone(CPanel& panel, uint64_t filesTotal) = 0;
+    // Moves the highlight of a panel in the tree style to the directory `path`; repaints it.
+    virtual void Follow(CPanel& treePanel, const Westring& path) = 0;
+    virtual Westring SelectedPath(const CPanel& panel) = 0;
+    virtual void DrawRow(CPanel& panel, int index, int attribute) = 0;
+};
+
+class IPanelInfo {
+public:
+    virtual ~IPanelInfo() = default;
+    virtual void Draw(CPanel& infoPanel) = 0;
+};
+
+class IEntryFilter {
+public:
+    virtual ~IEntryFilter() = default;
+    // Called with a filter other than "*", for entries that are no directories.
+    virtual bool Accepts(const CPanel& panel, const entry& candidate) = 0;
+};
+
+class IEntryColours {
+public:
+    virtual ~IEntryColours() = default;
+    // The attribute of the first rule that matches the entry, made over `base`; `base` when none
+    // does.
+    virtual Attribute ColourOf(const CPanel& panel, const entry& e, Attribute base) = 0;
+};
+
+struct PanelSeams {
+    IPanelArchives* archives = nullptr;
+    IPanelTree* tree = nullptr;
+    IPanelInfo* info = nullptr;
+    IEntryFilter* filter = nullptr;
+    IEntryColours* colours = nullptr;
+};
+
+}  // namespace zt
