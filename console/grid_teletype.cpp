@@ -1,0 +1,88 @@
+// Teletype output at the cursor, as a printing terminal would do it: wrapping at the right edge,
+// scrolling at the bottom.
+#include <algorithm>
+
+#include "console/code_page_437.h"
+#include "console/grid_console.h"
+
+namespace zt {
+
+// One call's worth of output. Lives inside the call, with the grid locked. What a row got is
+// stored as one run when the row is left, so that each row is painted once.
+class GridConsole::Teletype {
+public:
+    explicit Teletype(GridConsole& grid_)
+        : grid(grid_),
+          column(std::clamp(grid_.cursorColumn, 0, grid_.columns - 1)),
+          row(std::clamp(grid_.cursorRow, 0, grid_.rows - 1)),
+          line(grid_.RowCells(row), grid_.RowCells(row) + grid_.columns) {}
+
+    void Put(uint32_t character) {
+        switch (character) {
+            case '\t':
+                column = (column | 7) + 1;
+                break;
+            case '\r':
+                column = 0;
+                break;
+            case '\b':
+                if (column > 0) column--;
+                break;
+            case '\n':
+                NextRow();
+                return;
+            default:
+                if (!IsPrintable(character)) return;
+                line[static_cast<size_t>(column++)] =
+                    Cell{ShownGlyph(character), grid.fillAttribute};
+        }
+        if (column >= grid.columns) NextRow();
+    }
+
+    void Finish() {
+        StoreLine();
+        grid.SetCursor(column, row);
+    }
+
+private:
+    // Not iswprint: its answer would depend on the locale, and a name in any script is to be read.
+    static bool IsPrintable(uint32_t character) {
+        return character >= 32 && (character < 127 || character > 159);
+    }
+
+    void StoreLine() { grid.WriteCells(0, row, grid.columns, 1, line.data()); }
+
+    void NextRow() {
+        StoreLine();
+        column = 0;
+        if (row + 1 < grid.rows) {
+            row++;
+        } else {
+            if (grid.scrollBackSink) grid.scrollBackSink->LineLeft(grid.RowCells(0), grid.columns);
+            grid.Scroll(grid.WholeGrid(), 1, grid.fillAttribute);
+        }
+        std::copy_n(grid.RowCells(row), grid.columns, line.begin());
+    }
+
+    GridConsole& grid;
+    int column;
+    int row;
+    std::vector<Cell> line;  // the row that is being written
+};
+
+void GridConsole::WriteStream(const char* utf8) {
+    if (ITerminalSink* sink = TerminalSink()) {
+        sink->TakeText(utf8);
+        return;
+    }
+    Westring text;
+    text.AssignUtf8(utf8);
+    Guard guard(gridLock);
+    Teletype teletype(*this);
+    for (int i = 0; i < text.Length(); i++) {
+        teletype.Put(static_cast<uint32_t>(static_cast<wchar_t>(text[i])));
+    }
+    teletype.Finish();
+}
+
+}  // namespace zt
