@@ -1,0 +1,222 @@
+#include "commands/command_table.h"
+
+#include "commands/directory_commands.h"
+#include "commands/line_commands.h"
+#include "commands/movement_commands.h"
+#include "commands/option_commands.h"
+#include "commands/quit_command.h"
+#include "commands/screen_commands.h"
+#include "commands/view_commands.h"
+
+namespace zt {
+
+namespace {
+
+void Ignore(LoopState&, const KeyPress&) {}
+
+constexpr CommandRow kCommands[] = {
+    // Modifiers alone
+    {0, kNeedsNothing, Ignore},
+    {0x10100, kNeedsNothing, Ignore},
+    // Ctrl and a letter
+    {1, kNeedsPanel | kNeedsNoArchive, nullptr},
+    {2, kNeedsNothing, nullptr},
+    {3, kNeedsPanel | kNeedsNoArchive, nullptr},
+    {4, kNeedsNothing, LineRightOrShiftName},
+    {5, kNeedsNothing, nullptr},
+    {0x1008D, kNeedsNothing, nullptr},
+    {6, kNeedsNothing, nullptr},
+    {0x20006, kNeedsNothing, nullptr},
+    {0x90021, kNeedsNothing, nullptr},
+    {0xB0021, kNeedsNothing, nullptr},
+    {7, kNeedsFiles, GoToLinkTarget},
+    {8, kNeedsNothing, ToggleHidden},
+    {9, kNeedsNothing, SwitchPanelKey},
+    {0x3000F, kNeedsNothing, SwitchPanelKey},
+    {0xA, kNeedsNothing, nullptr},
+    {0x3001C, kNeedsNothing, nullptr},
+    {0x9001C, kNeedsNothing, nullptr},
+    {0x90024, kNeedsNothing, nullptr},
+    {0xB001C, kNeedsNothing, nullptr},
+    {0xB0024, kNeedsNothing, nullptr},
+    {0x2000A, kNeedsNothing, nullptr},
+    {0xB, kNeedsNothing, nullptr},
+    {0xC, kNeedsNothing, nullptr},
+    {0xD, kNeedsNothing, Enter},
+    {0xF, kNeedsNothing, TogglePanels},
+    {0x10, kNeedsNothing, ToggleOtherPanel},
+    {0x11, kNeedsFiles, nullptr},
+    {0x12, kNeedsPanel, Reread},
+    {0x13, kNeedsNothing, LineLeftOrShiftName},
+    {0x1009B, kNeedsNothing, LineLeftOrShiftName},
+    {0x14, kNeedsFiles, nullptr},
+    {0x20014, kNeedsFiles, nullptr},
+    {0x15, kNeedsNothing, Swap},
+    {0x17, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x18, kNeedsNothing, nullptr},
+    {0x10091, kNeedsNothing, nullptr},
+    {0x19, kNeedsFiles, nullptr},
+    {0x20019, kNeedsFiles, nullptr},
+    {0x1B, kNeedsNothing, Escape},
+    {0x9001A, kNeedsNothing, Escape},
+    {0x1C, kNeedsNothing, GoToTopOrOther},
+    {0x1002B, kNeedsNothing, GoToTopOrOther},
+    {0x2001C, kNeedsNothing, GoToTopOrOther},
+    {0x1D, kNeedsNothing, InsertRightPath},
+    {0x1F, kNeedsPanel, GoBackKey},
+    // Command line and names
+    {0x7F, kNeedsNothing, nullptr},
+    {0x1000E, kNeedsNothing, DropSearchCharacter},
+    {0x1001C, kNeedsNothing, nullptr},
+    // Function keys
+    {0x1003B, kNeedsNothing, nullptr},
+    {0x1003C, kNeedsNothing, nullptr},
+    {0x30055, kNeedsNothing, nullptr},
+    {0x1003D, kNeedsNothing, nullptr},
+    {0x1006A, kNeedsNothing, nullptr},
+    {0x30060, kNeedsNothing, nullptr},
+    {0x1003E, kNeedsNothing, nullptr},
+    {0x1006B, kNeedsNothing, nullptr},
+    {0x30061, kNeedsNothing, nullptr},
+    {0x1003F, kNeedsNothing, nullptr},
+    {0x10040, kNeedsNothing, nullptr},
+    {0x10041, kNeedsNoArchive, nullptr},
+    {0x10042, kNeedsNothing, nullptr},
+    {0x10044, kNeedsNothing, Quit},
+    // Movement
+    {0x10047, kNeedsNothing, HomeKey},
+    {0x10048, kNeedsNothing, UpKey},
+    {0x10049, kNeedsPanel, PageUpKey},
+    {0x1004B, kNeedsNothing, LeftKey},
+    {0x1004D, kNeedsNothing, RightKey},
+    {0x1004E, kNeedsFiles, nullptr},
+    {0x100072, kNeedsFiles, nullptr},
+    {0x1004F, kNeedsNothing, EndKey},
+    {0x10050, kNeedsNothing, DownKey},
+    {0x10051, kNeedsPanel, PageDownKey},
+    {0x10052, kNeedsFiles, nullptr},
+    {0x10053, kNeedsNothing, LineDelete},
+    {0x1005E, kNeedsNothing, ToggleLeftPanel},
+    {0x1005F, kNeedsNothing, ToggleRightPanel},
+    // Alt and function keys
+    {0x10068, kNeedsNothing, nullptr},
+    {0x10069, kNeedsNothing, nullptr},
+    {0x1006C, kNeedsNothing, nullptr},
+    {0x1006D, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x1006E, kNeedsNothing, nullptr},
+    {0x3006E, kNeedsNothing, nullptr},
+    {0x1006F, kNeedsNothing, nullptr},
+    {0x10070, kNeedsNothing, ToggleLines},
+    {0x10071, kNeedsNothing, nullptr},
+    // Ctrl and movement keys
+    {0x10073, kNeedsNothing, nullptr},
+    {0x10074, kNeedsNothing, nullptr},
+    {0x10075, kNeedsNothing, LineEnd},
+    {0x10076, kNeedsFiles, EnterCurrent},
+    {0x10077, kNeedsNothing, LineHome},
+    {0x10084, kNeedsPanel, GoUp},
+    {0x1008E, kNeedsFiles, nullptr},
+    {0x3008E, kNeedsFiles, nullptr},
+    {0x10090, kNeedsFiles, nullptr},
+    {0x30090, kNeedsFiles, nullptr},
+    {0x10092, kNeedsNothing, CopyLine},
+    {0x10093, kNeedsNothing, nullptr},
+    {0x10094, kNeedsNothing, nullptr},
+    // Alt and movement keys
+    {0x10097, kNeedsPanel, GoHome},
+    {0x10098, kNeedsFiles, nullptr},
+    {0x100A0, kNeedsFiles, nullptr},
+    {0x1009D, kNeedsNothing, LineRightOrShiftName},
+    {0x10101, kNeedsNothing, LineBackspace},
+    {0x10102, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x10103, kNeedsNothing, nullptr},
+    {0x30103, kNeedsNothing, nullptr},
+    // Shift and function keys
+    {0x30052, kNeedsNothing, PasteLine},
+    {0x30054, kNeedsNothing, nullptr},
+    {0x30056, kNeedsNothing, nullptr},
+    {0x30057, kNeedsNothing, nullptr},
+    {0x30058, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x30059, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x3005A, kNeedsNothing, nullptr},
+    {0x3005B, kNeedsNothing, nullptr},
+    {0x3005C, kNeedsNothing, nullptr},
+    {0x100134, kNeedsNothing, nullptr},
+    {0x3005E, kNeedsNothing, ToggleLeftWidth},
+    {0x3005F, kNeedsNothing, ToggleRightWidth},
+    {0x30062, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x30066, kNeedsBothFiles, nullptr},
+    {0x30068, kNeedsPanel, SetActiveStyle},
+    {0x30069, kNeedsPanel, SetActiveStyle},
+    {0x3006A, kNeedsPanel, SetActiveStyle},
+    {0x3006B, kNeedsPanel, SetActiveStyle},
+    {0x3006C, kNeedsPanel, SetActiveStyle},
+    {0x3006F, kNeedsNothing, nullptr},
+    {0x30070, kNeedsNothing, ToggleColumns},
+    // The menu's own codes
+    {0x100000, kNeedsNothing, nullptr},
+    {0x100193, kNeedsNothing, nullptr},
+    {0x100001, kNeedsNothing, SortByMenu},
+    {0x100002, kNeedsNothing, SortByMenu},
+    {0x100003, kNeedsNothing, SortByMenu},
+    {0x100004, kNeedsNothing, SortByMenu},
+    {0x100005, kNeedsNothing, SortByMenu},
+    {0x100006, kNeedsNothing, ReverseByMenu},
+    {0x100007, kNeedsNothing, SortByMenu},
+    {0x100008, kNeedsNothing, SortByMenu},
+    {0x100009, kNeedsNothing, SortByMenu},
+    {0x10000A, kNeedsNothing, SortByMenu},
+    {0x10000B, kNeedsNothing, SortByMenu},
+    {0x10000C, kNeedsNothing, ReverseByMenu},
+    {0x10000D, kNeedsNothing, StyleByMenu},
+    {0x10000E, kNeedsNothing, StyleByMenu},
+    {0x10000F, kNeedsNothing, StyleByMenu},
+    {0x100010, kNeedsNothing, StyleByMenu},
+    {0x100012, kNeedsNothing, nullptr},
+    {0x10019C, kNeedsNothing, nullptr},
+    {0x100013, kNeedsNothing, RereadByMenu},
+    {0x10019B, kNeedsNothing, RereadByMenu},
+    {0x100014, kNeedsNothing, StyleByMenu},
+    {0x100015, kNeedsNothing, StyleByMenu},
+    {0x100016, kNeedsNothing, nullptr},
+    {0x100017, kNeedsNothing, nullptr},
+    {0x100018, kNeedsNothing, StyleByMenu},
+    {0x100019, kNeedsNothing, StyleByMenu},
+    {0x10001A, kNeedsNothing, StyleByMenu},
+    {0x10001B, kNeedsNothing, StyleByMenu},
+    {0x100071, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x1000D0, kNeedsNothing, nullptr},
+    {0x1000D1, kNeedsNothing, nullptr},
+    {0x10012C, kNeedsNothing, nullptr},
+    {0x10012D, kNeedsNothing, nullptr},
+    {0x10012E, kNeedsNothing, ToggleHidden},
+    {0x10012F, kNeedsNothing, TogglePathPrompt},
+    {0x100131, kNeedsNothing, ToggleFullScreen},
+    {0x100132, kNeedsNothing, ToggleClock},
+    {0x100133, kNeedsNothing, ToggleTagDirs},
+    {0x100135, kNeedsNothing, nullptr},
+    {0x100136, kNeedsNothing, ToggleThousandSep},
+    {0x100137, kNeedsNothing, ToggleRetainCount},
+};
+
+constexpr bool EachCodeStandsOnce() {
+    for (const CommandRow& a : kCommands) {
+        int times = 0;
+        for (const CommandRow& b : kCommands)
+            times += a.code == b.code;
+        if (times != 1) return false;
+    }
+    return true;
+}
+static_assert(EachCodeStandsOnce());
+
+}  // namespace
+
+const CommandRow* FindCommand(int32_t code) {
+    for (const CommandRow& row : kCommands) {
+        if (row.code == code) return &row;
+    }
+    return nullptr;
+}
+
+}  // namespace zt

@@ -1,0 +1,48 @@
+// What the main loop carries from pass to pass and lends to each command. Owned by the main loop;
+// first thread only.
+#pragma once
+
+#include <memory>
+
+#include "commands/command_line.h"
+#include "console/read_key.h"
+#include "panels/panel_pair.h"
+#include "ui/function_key_bar.h"
+
+namespace zt {
+
+// How much of the last two screen lines the next pass draws.
+inline constexpr int kDrawNothing = 0;
+inline constexpr int kDrawCommandLine = 1;
+inline constexpr int kDrawLineBarAndTitle = 2;
+
+// One key or mouse event as the dispatch sees it.
+struct KeyPress {
+    int32_t code = 0;
+    int32_t modifiers = 0;
+    int32_t unicode = 0;
+    MouseEvent mouse;
+};
+
+struct LoopState {
+    PanelPair panels;
+    CommandLine line;
+    bool drawCursorBar = true;
+    int drawLine = kDrawLineBarAndTitle;
+    int carriedKey = 0;  // a key that an inner loop has read and the next pass handles
+    bool leave = false;
+    bool bothPanelsOff = false;
+    int32_t pressedFunctionKey = 0;  // under the last press of a mouse button, or 0
+    std::unique_ptr<CFunctionKeyBar> functionKeys;
+
+    // A command changed what the panels or the line show: all of it is drawn at the next pass.
+    void DrawAll() {
+        drawCursorBar = true;
+        drawLine = kDrawLineBarAndTitle;
+    }
+
+    CPanel& Active() { return panels.panel[panels.active]; }
+    CPanel& Other() { return panels.panel[1 - panels.active]; }
+};
+
+}  // namespace zt

@@ -1,0 +1,46 @@
+#include "commands/movement_commands.h"
+
+#include "commands/line_commands.h"
+#include "panels/cursor_movement.h"
+
+namespace zt {
+
+void UpKey(LoopState& state, const KeyPress&) {
+    state.Active().searchText.Clear();
+    MoveCursor(state.Active(), -1);
+}
+
+void DownKey(LoopState& state, const KeyPress&) {
+    state.Active().searchText.Clear();
+    MoveCursor(state.Active(), 1);
+}
+
+void PageUpKey(LoopState& state, const KeyPress&) {
+    PageUp(state.Active());
+}
+
+void PageDownKey(LoopState& state, const KeyPress&) {
+    PageDown(state.Active());
+}
+
+void LeftKey(LoopState& state, const KeyPress& key) {
+    if (HasColumnKeys(state.Active())) return ColumnLeft(state.Active());
+    LineLeftOrShiftName(state, key);
+}
+
+void RightKey(LoopState& state, const KeyPress& key) {
+    if (HasColumnKeys(state.Active())) return ColumnRight(state.Active());
+    LineRightOrShiftName(state, key);
+}
+
+void HomeKey(LoopState& state, const KeyPress& key) {
+    if (state.bothPanelsOff) return LineHome(state, key);
+    FirstEntry(state.Active());
+}
+
+void EndKey(LoopState& state, const KeyPress& key) {
+    if (state.bothPanelsOff) return LineEnd(state, key);
+    LastEntry(state.Active());
+}
+
+}  // namespace zt

@@ -1,0 +1,19 @@
+// Keys that move the cursor within a panel's list. First thread only.
+#pragma once
+
+#include "commands/loop_state.h"
+
+namespace zt {
+
+void UpKey(LoopState& state, const KeyPress& key);
+void DownKey(LoopState& state, const KeyPress& key);
+void PageUpKey(LoopState& state, const KeyPress& key);
+void PageDownKey(LoopState& state, const KeyPress& key);
+// By an entry column where the style has several; elsewhere as the keys for the command line.
+void LeftKey(LoopState& state, const KeyPress& key);
+void RightKey(LoopState& state, const KeyPress& key);
+// With both panels off these two move in the command line.
+void HomeKey(LoopState& state, const KeyPress& key);
+void EndKey(LoopState& state, const KeyPress& key);
+
+}  // namespace zt

@@ -1,0 +1,19 @@
+// Keys that change the size of the screen or of the panels on it. First thread only.
+#pragma once
+
+#include "commands/loop_state.h"
+
+namespace zt {
+
+// Reads the grid's size into screenColumns and screenLines, and derives panelRows.
+void RefreshScreenSize();
+// A new grid. Everything on it is lost: the caller draws afresh.
+void ResizeScreen(int rows, int columns);
+
+void ToggleFullScreen(LoopState& state, const KeyPress& key);
+// Alt-F9: 25 lines, 50, and the configured number.
+void ToggleLines(LoopState& state, const KeyPress& key);
+// Alt-Shift-F9: 80 columns, 132, and the configured number.
+void ToggleColumns(LoopState& state, const KeyPress& key);
+
+}  // namespace zt

@@ -1,0 +1,59 @@
+#include "commands/stored_paths.h"
+
+#include <cstdlib>
+
+#include "console/key_codes.h"
+#include "foundation/file_name.h"
+#include "foundation/settings.h"
+#include "panels/navigation.h"
+#include "panels/panel_switching.h"
+#include "ui/message_box.h"
+
+namespace zt {
+
+namespace {
+
+// The active panel, or the other one when the active one shows the tree.
+int TargetSide(LoopState& state) {
+    return state.Active().IsTree() ? 1 - state.panels.active : state.panels.active;
+}
+
+Westring ExpandHome(const Westring& path) {
+    const char* home = getenv("HOME");
+    if (!home || path[0] != L'~' || path[1] != L'/') return path;
+    Westring expanded = NameFromBytes(home);
+    expanded.AddTrailingSlash();
+    return expanded + path.Right(path.Length() - 2);
+}
+
+void GoToStored(LoopState& state, const Westring& stored) {
+    if (stored.IsEmpty()) return;
+    const int side = TargetSide(state);
+    CPanel& panel = state.panels.panel[side];
+    const Westring path = ExpandHome(stored);
+    if (!ChangeDirectory(panel, path)) {
+        MessageBox("Invalid Directory", path.c_str(), kBoxOk);
+        return;
+    }
+    panel.top = 0;
+    panel.cursor = 0;
+    panel.kind = kKindFiles;
+    GoTo(state.panels, side, Westring());
+}
+
+}  // namespace
+
+bool HandleStoredPathKey(LoopState& state, const KeyPress& key) {
+    if (!(key.code & kKeyCtrlDigit) || key.code & kKeyGrey) return false;
+    const int slot = key.code & 15;
+    if (slot > 9) return true;
+    if (key.code & (kKeyCtrlShiftDigit - kKeyCtrlDigit)) {
+        settings.storedPaths[slot] = state.panels.panel[TargetSide(state)].path;
+    } else {
+        GoToStored(state, settings.storedPaths[slot]);
+        state.DrawAll();
+    }
+    return true;
+}
+
+}  // namespace zt

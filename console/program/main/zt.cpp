@@ -1,0 +1,29 @@
+// The program with a window of its own.
+
+#include <cstdio>
+
+#include "console/program/application.h"
+#include "console/program_state.h"
+#include "console/window/window_console.h"
+
+int main(int argc, char** argv) {
+    using namespace zt;
+
+    const Estring programPath = argv[0];
+    const std::unique_ptr<WindowConsole> window = OpenWindowConsole(argc, argv);
+    if (!window) {
+        fputs("zt: no display to open a window on\n", stderr);
+        return 1;
+    }
+    ProgramOptions options;
+    const OptionsResult parsed = ParseOptions(argc, argv, true, options);
+    if (parsed != OptionsResult::kRun) {
+        fputs(OptionsMessage(parsed, true).c_str(), stdout);
+        return 1;
+    }
+    console = &window->Console();
+    window->SetRemoteHost(options.remoteHost);
+    const int status = Application(programPath, options).Run();
+    console = nullptr;
+    return status;
+}

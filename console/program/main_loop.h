@@ -1,0 +1,14 @@
+// The outer loop of the program: repaint what is marked, wait for one event, act. First thread.
+#pragma once
+
+#include "commands/loop_state.h"
+
+namespace zt {
+
+// Runs until a command sets state.leave.
+void RunMainLoop(LoopState& state);
+
+// A new bar for the present size of the screen.
+void MakeFunctionKeyBar(LoopState& state);
+
+}  // namespace zt
