@@ -1,0 +1,174 @@
+// Teletype output: control characters, wrapping, scrolling, and where lines and text go.
+#include <gtest/gtest.h>
+
+#include <clocale>
+
+#include "tests/console/fake_console.h"
+
+namespace zt {
+namespace {
+
+struct Leaving : IScrollBackSink {
+    void LineLeft(const Cell* cells, int count) override {
+        std::string line;
+        for (int i = 0; i < count; i++)
+            line += static_cast<char>(cells[i].character);
+        lines.push_back(line);
+    }
+    std::vector<std::string> lines;
+};
+
+struct Terminal : ITerminalSink {
+    void TakeKey(int32_t code, int32_t, int32_t) override { keys.push_back(code); }
+    void TakeCharacter(int32_t character) override { characters.push_back(character); }
+    void TakeText(const char* utf8) override { text += utf8; }
+    std::vector<int32_t> keys, characters;
+    std::string text;
+};
+
+class TeletypeTest : public testing::Test {
+protected:
+    void ExpectCursor(int column, int row) {
+        int actualColumn, actualRow;
+        console.GetCursor(actualColumn, actualRow);
+        EXPECT_EQ(actualColumn, column);
+        EXPECT_EQ(actualRow, row);
+    }
+
+    FakeConsole console{20, 3};
+};
+
+struct StreamCase {
+    const char* text;
+    const char* rows[3];  // without blanks on the right
+    int column, row;
+};
+
+std::string Trimmed(std::string text) {
+    while (!text.empty() && text.back() == ' ')
+        text.pop_back();
+    return text;
+}
+
+TEST_F(TeletypeTest, ActsOnEachCharacter) {
+    const StreamCase cases[] = {
+        {"", {"", "", ""}, 0, 0},
+        {"abc", {"abc", "", ""}, 3, 0},
+        {"abc\rX", {"Xbc", "", ""}, 1, 0},
+        {"abc\b\bX", {"aXc", "", ""}, 2, 0},
+        {"\b\bX", {"X", "", ""}, 1, 0},
+        {"abc\nd", {"abc", "d", ""}, 1, 1},
+        {"\tX", {"        X", "", ""}, 9, 0},
+        {"1234567\tX", {"1234567 X", "", ""}, 9, 0},
+        {"12345678\tX", {"12345678        X", "", ""}, 17, 0},
+        {"\t\t\tX", {"", "X", ""}, 1, 1},
+        {"\t\t1234\tX", {"                1234", "        X", ""}, 9, 1},
+        {"12345678901234567890", {"12345678901234567890", "", ""}, 0, 1},
+        {"12345678901234567890\nX", {"12345678901234567890", "", "X"}, 1, 2},
+        {"1\n2\n3\n", {"2", "3", ""}, 0, 2},
+        {"1\n2\n3\n4\n5", {"3", "4", "5"}, 1, 2},
+        {"a\a\x1B[\x7F\xC2\x80\xC2\x9F"
+         "b",
+         {"a[b", "", ""},
+         3,
+         0},
+        {"\xC3\xA9\xE2\x82\xAC", {"\xC3\xA9\xE2\x82\xAC", "", ""}, 2, 0},
+    };
+    for (const StreamCase& c : cases) {
+        SCOPED_TRACE(c.text);
+        console.Resize(20, 3, nullptr, 0);
+        console.SetCursor(0, 0);
+        console.WriteStream(c.text);
+        for (int row = 0; row < 3; row++) {
+            EXPECT_EQ(Trimmed(console.RowText(row)), c.rows[row]) << "row " << row;
+        }
+        ExpectCursor(c.column, c.row);
+    }
+}
+
+TEST_F(TeletypeTest, AcceptsEveryScriptInTheCLocale) {
+    const std::string before = setlocale(LC_ALL, nullptr);
+    setlocale(LC_ALL, "C");
+    console.WriteStream("\xD0\x96\xE6\xBC\xA2\xC2\xA0");
+    setlocale(LC_ALL, before.c_str());
+    EXPECT_EQ(console.CharacterAt(0, 0), 0x416u);
+    EXPECT_EQ(console.CharacterAt(1, 0), 0x6F22u);
+    EXPECT_EQ(console.CharacterAt(2, 0), 0xA0u);
+}
+
+TEST_F(TeletypeTest, WritesInTheFillAttribute) {
+    console.SetFillAttribute(0x2E);
+    console.WriteStream("a\n\n\nb");
+    EXPECT_EQ(console.CellAt(0, 2), (Cell{U'b', 0x2E}));
+    EXPECT_EQ(console.AttributeAt(19, 2), 0x2E);  // the row that the scrolling opened
+    EXPECT_EQ(console.AttributeAt(19, 0), 0x07);
+}
+
+TEST_F(TeletypeTest, KeepsWhatItDoesNotOverwrite) {
+    console.WriteWide(0, 1, L"0123456789", 0x1E);
+    console.SetCursor(3, 1);
+    console.WriteStream("XY");
+    EXPECT_EQ(Trimmed(console.RowText(1)), "012XY56789");
+    EXPECT_EQ(console.AttributeAt(5, 1), 0x1E);
+    EXPECT_EQ(console.AttributeAt(4, 1), 0x07);
+}
+
+TEST_F(TeletypeTest, HandsLeavingLinesToTheScrollBack) {
+    Leaving leaving;
+    console.SetScrollBackSink(&leaving);
+    console.WriteStream("one\ntwo\nthree\nfour\nfive");
+    ASSERT_EQ(leaving.lines.size(), 2u);
+    EXPECT_EQ(leaving.lines[0], "one" + std::string(17, ' '));
+    EXPECT_EQ(Trimmed(leaving.lines[1]), "two");
+    console.SetScrollBackSink(nullptr);
+    console.WriteStream("\n\n");
+    EXPECT_EQ(leaving.lines.size(), 2u);
+}
+
+TEST_F(TeletypeTest, HandsOverALineThatIsStillBeingWritten) {
+    FakeConsole single(5, 1);
+    Leaving leaving;
+    single.SetScrollBackSink(&leaving);
+    single.WriteStream("abcdefg");
+    ASSERT_EQ(leaving.lines.size(), 1u);
+    EXPECT_EQ(leaving.lines[0], "abcde");
+    EXPECT_EQ(single.RowText(0), "fg   ");
+}
+
+TEST_F(TeletypeTest, GivesTextToATerminalAndNothingElse) {
+    Terminal terminal;
+    console.SetTerminalSink(&terminal);
+    EXPECT_EQ(console.TerminalSink(), &terminal);
+    console.WriteStream("abc\n");
+    EXPECT_EQ(terminal.text, "abc\n");
+    EXPECT_EQ(Trimmed(console.RowText(0)), "");
+    ExpectCursor(0, 0);
+    console.SetTerminalSink(nullptr);
+    console.WriteStream("abc");
+    EXPECT_EQ(Trimmed(console.RowText(0)), "abc");
+}
+
+TEST_F(TeletypeTest, KeepsTheCursorSize) {
+    console.SetCursorSize(15);
+    console.WriteStream("abc\n");
+    EXPECT_EQ(console.GetCursorSize(), 15);
+}
+
+TEST_F(TeletypeTest, StartsInsideTheGridWhereverTheCursorStands) {
+    console.SetCursor(-5, -5);
+    console.WriteStream("a");
+    EXPECT_EQ(console.CharacterAt(0, 0), U'a');
+    console.SetCursor(500, 500);
+    console.WriteStream("b");
+    EXPECT_EQ(console.CharacterAt(19, 1), U'b');  // scrolled up by the wrap
+    ExpectCursor(0, 2);
+}
+
+TEST_F(TeletypeTest, PaintsEachRowOnce) {
+    console.ForgetRecords();
+    console.WriteStream("abc\rdef\nxyz");
+    EXPECT_EQ(console.painted, (std::vector<CellRect>{{0, 0, 3, 1}, {0, 1, 3, 2}}));
+}
+
+}  // namespace
+}  // namespace zt
