@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cctype>
+#include <cstddef>
 
 namespace zt {
 

@@ -18,4 +18,9 @@ inline constexpr int kBoxNotice = 16;
 // blank. `name` stands on a line of its own and may be null.
 int MessageBox(const Westring& message, const wchar_t* name, int type);
 
+// Stops the painter first, when there is one.
+class IPausablePainter;
+int MessageBoxWithProgress(IPausablePainter* progress, const Westring& message, const wchar_t* name,
+                           int type);
+
 }  // namespace zt

@@ -72,35 +72,40 @@ public:
     // Makes a screen position relative to the origin; true when it lay inside the window.
     bool ScreenToWindow(Point& point) const;
 
-    int Left() const { return left; }
-    int Top() const { return top; }
-    int Right() const { return right; }
-    int Bottom() const { return bottom; }
+    int Left() const { return edges.left; }
+    int Top() const { return edges.top; }
+    int Right() const { return edges.right; }
+    int Bottom() const { return edges.bottom; }
     int OriginX() const { return originX; }
     int OriginY() const { return originY; }
-    int ClientWidth() const { return right - left + 1 - 2 * (originX - left); }
-    int ClientHeight() const { return bottom - top + 1 - 2 * (originY - top); }
+    int ClientWidth() const { return edges.right - edges.left + 1 - 2 * (originX - edges.left); }
+    int ClientHeight() const { return edges.bottom - edges.top + 1 - 2 * (originY - edges.top); }
     int CursorX() const { return cursorX; }
     int CursorY() const { return cursorY; }
     void SetCursor(int x, int y);  // the print position
-    Attribute OwnAttribute() const { return attribute; }
-    void SetOwnAttribute(Attribute value) { attribute = value; }
+    Attribute OwnAttribute() const { return ownAttribute; }
+    void SetOwnAttribute(Attribute value) { ownAttribute = value; }
     bool HasShadow() const { return hasShadow; }
     bool HasFrame() const { return hasFrame; }
     bool IsHidden() const { return hidden; }
     int SavedCells() const;  // how many cells are kept, the shadow's area included
 
 private:
-    int SavedWidth() const { return right - left + 1 + (hasShadow ? 2 : 0); }
-    int SavedHeight() const { return bottom - top + 1 + (hasShadow ? 1 : 0); }
+    // The outer rectangle in screen coordinates, inclusive.
+    struct Edges {
+        int32_t left, top, right, bottom;
+    };
+
+    int SavedWidth() const { return edges.right - edges.left + 1 + (hasShadow ? 2 : 0); }
+    int SavedHeight() const { return edges.bottom - edges.top + 1 + (hasShadow ? 1 : 0); }
     Attribute Resolve(int textAttribute) const;
     void DrawShadow() const;
 
     std::unique_ptr<Cell[]> saved;
-    int32_t left, top, right, bottom;
+    Edges edges;
     int32_t originX, originY;
     int32_t cursorX = 0, cursorY = 0;
-    Attribute attribute;
+    Attribute ownAttribute;
     bool hasShadow;
     bool hasFrame;
     bool hidden = false;

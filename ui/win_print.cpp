@@ -10,7 +10,7 @@
 namespace zt {
 
 Attribute Win::Resolve(int textAttribute) const {
-    return textAttribute < 0 ? attribute : static_cast<Attribute>(textAttribute);
+    return textAttribute < 0 ? ownAttribute : static_cast<Attribute>(textAttribute);
 }
 
 void Win::SetCursor(int x, int y) {
@@ -79,7 +79,7 @@ void Win::PrintHot(int x, int y, const Westring& text, const char* hotKeys, int 
 }
 
 void Win::PrintWrapped(int x, int y, const Westring& text) {
-    const int lastColumn = right - left + (left - originX) * 2;
+    const int lastColumn = edges.right - edges.left + (edges.left - originX) * 2;
     Westring rest = text;
     for (int column = x, row = y; !rest.IsEmpty(); column = 0, ++row) {
         // At least one character a line, so that a window too narrow for any still ends.
@@ -95,7 +95,7 @@ void Win::PrintWrapped(int x, int y, const Westring& text) {
 }
 
 void Win::ClearToEndOfLine(int textAttribute) {
-    const int end = right - (hasFrame ? 1 : 0);
+    const int end = edges.right - (hasFrame ? 1 : 0);
     const int width = end - (originX + cursorX) + 1;
     if (width > 0) {
         console->FillRect(originX + cursorX, originY + cursorY, width, 1, Resolve(textAttribute));

@@ -28,8 +28,9 @@ void ShadeStrip(int column, int row, int width, int height) {
 }  // namespace
 
 void Win::DrawShadow() const {
-    ShadeStrip(left + kShadowColumns, bottom + 1, right - left + 1, kShadowRows);
-    ShadeStrip(right + 1, top + 1, kShadowColumns, bottom - top);
+    ShadeStrip(edges.left + kShadowColumns, edges.bottom + 1, edges.right - edges.left + 1,
+               kShadowRows);
+    ShadeStrip(edges.right + 1, edges.top + 1, kShadowColumns, edges.bottom - edges.top);
 }
 
 }  // namespace zt
