@@ -24,10 +24,13 @@ void StepToParent(CPanel& panel);
 // or when the path is too long. Does not read: GoTo with an empty name does.
 [[nodiscard]] bool ChangeDirectory(CPanel& panel, const Westring& path);
 
-// Back to lastPath, lastTop and lastCursor.
-void GoBack(PanelPair& panels, int side);
+// Back to lastPath, lastTop and lastCursor; its item goes off the end of the directory history.
+// False when there is no way back.
+bool GoBack(PanelPair& panels, int side);
 
 // The directory on disk that stands for the panel's path.
 Westring RealDirectory(const CPanel& panel);
+// Makes it the process's working directory, where it can be entered and is no network path.
+void EnterRealDirectory(const CPanel& panel);
 
 }  // namespace zt

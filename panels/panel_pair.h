@@ -3,6 +3,7 @@
 #pragma once
 
 #include "panels/directory_history.h"
+#include "panels/owner_names.h"
 #include "panels/panel.h"
 #include "panels/panel_seams.h"
 
@@ -13,6 +14,7 @@ struct PanelPair {
     int active = 0;
     int lastActivated = -1;  // the side for which headers and title were drawn last
     DirectoryHistory directoryHistory;
+    OwnerNames owners;
     PanelSeams seams;
 
     CPanel& Active() { return panel[active]; }

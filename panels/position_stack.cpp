@@ -25,17 +25,4 @@ const TPanelPosition* CPosStack::Lookup(const Westring& path) {
     return Find(&path);
 }
 
-void CPosStack::Swap(CPosStack& other) {
-    CPosStack mine;
-    const auto move = [](CPosStack& from, CPosStack& to) {
-        while (from.Count() > 0) {
-            TPanelPosition* item = from.RemoveAt(from.Count() - 1);
-            if (!to.Insert(item)) delete item;
-        }
-    };
-    move(*this, mine);
-    move(other, *this);
-    move(mine, other);
-}
-
 }  // namespace zt

@@ -19,7 +19,6 @@ public:
     void Store(const Westring& path, int top, const Westring& name);
     // Null when the path has no record.
     const TPanelPosition* Lookup(const Westring& path);
-    void Swap(CPosStack& other);
 
 protected:
     const Westring* KeyOf(TPanelPosition* item) override { return &item->path; }
