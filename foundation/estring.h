@@ -42,7 +42,7 @@ public:
 
     Estring& operator+=(const Estring& other);
     Estring& operator+=(const char* text);  // null is ignored
-    Estring& operator+=(char ch);
+    Estring& operator+=(char ch);           // so is a 0
     // Appends exactly n bytes; a NUL among them ends the text there.
     void Append(const char* bytes, int n);
 

@@ -54,8 +54,8 @@ public:
     Westring& operator+=(const Westring& other);
     Westring& operator+=(const wchar_t* text);  // null is ignored
     Westring& operator+=(const char* utf8);     // null is ignored
-    Westring& operator+=(wchar_t ch);
-    Westring& operator+=(char ch);  // sign-extended
+    Westring& operator+=(wchar_t ch);           // so is a 0
+    Westring& operator+=(char ch);              // sign-extended
     // Appends n elements; a 0 among them ends the text there.
     void Append(const wchar_t* text, int n);
 

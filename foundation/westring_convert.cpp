@@ -48,20 +48,20 @@ char Byte(wchar_t value) {
     return static_cast<char>(static_cast<unsigned char>(value));
 }
 
-void Encode(wchar_t ch, Estring& target) {
-    char bytes[4];
+// Writes up to 4 bytes and gives how many.
+int Encode(wchar_t ch, char* bytes) {
+    constexpr wchar_t kLeadMarks[] = {0, 0xC0, 0xE0, 0xF0};
     int n = EncodedLength(ch);
     if (n == 1) {
-        target += Byte(ch);
-        return;
+        bytes[0] = Byte(ch);
+        return 1;
     }
-    constexpr wchar_t kLeadMarks[] = {0xC0, 0xE0, 0xF0};
     for (int i = n - 1; i > 0; i--) {
         bytes[i] = Byte(0x80 | (ch & 0x3F));
         ch >>= 6;
     }
-    bytes[0] = Byte(kLeadMarks[n - 2] | ch);
-    target.Append(bytes, n);
+    bytes[0] = Byte(kLeadMarks[n - 1] | ch);
+    return n;
 }
 
 }  // namespace
@@ -105,8 +105,16 @@ Estring Westring::ToUtf8() const {
     for (int i = 0; i < length; i++)
         bytes += EncodedLength(data[i]);
     Estring result(static_cast<int>(std::min<int64_t>(bytes, std::numeric_limits<int>::max() - 1)));
-    for (int i = 0; i < length; i++)
-        Encode(data[i], result);
+    char piece[256];
+    int filled = 0;
+    for (int i = 0; i < length; i++) {
+        if (filled > static_cast<int>(sizeof piece) - 4) {
+            result.Append(piece, filled);
+            filled = 0;
+        }
+        filled += Encode(data[i], piece + filled);
+    }
+    result.Append(piece, filled);
     return result;
 }
 
