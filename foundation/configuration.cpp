@@ -1,0 +1,7 @@
+#include "foundation/configuration.h"
+
+namespace zt {
+
+Configuration configuration;
+
+}  // namespace zt
