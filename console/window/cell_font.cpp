@@ -14,6 +14,7 @@ namespace {
 
 // A glyph that every font has and whose extents in a monospaced font are those of all others.
 constexpr PangoGlyph kMeasuredGlyph = 65;
+constexpr uint32_t kNoBreakSpace = 0xA0;
 
 }  // namespace
 
@@ -61,8 +62,12 @@ void CellFont::Render(uint32_t character, unsigned char* pixels) {
 }
 
 void CellFont::DrawText(uint32_t character, const CellMask& mask) {
-    char utf8[kMaxUtf8Bytes];
-    pango_layout_set_text(layout, utf8, EncodeUtf8(character, utf8));
+    // A mark that belongs to the letter before it stands in a cell of its own here, over a blank
+    // that does not break ("The Unicode Standard", chapter 7.9).
+    char utf8[2 * kMaxUtf8Bytes];
+    int length = g_unichar_ismark(character) ? EncodeUtf8(kNoBreakSpace, utf8) : 0;
+    length += EncodeUtf8(character, utf8 + length);
+    pango_layout_set_text(layout, utf8, length);
     PangoLayoutLine* line = pango_layout_get_line_readonly(layout, 0);
     if (line == nullptr) return;
     PangoRectangle ink;

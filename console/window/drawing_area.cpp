@@ -121,6 +121,7 @@ void CConsoleDrawingArea::PaintRow(int row, const PendingPaint::Span& span, cons
         if (shown == cell) continue;
         shown = cell;
         painter->Add(column, row, cell);
+        cellsPainted.fetch_add(1, std::memory_order_relaxed);
         here = here.IsEmpty() ? CellRect{column, row, column + 1, row + 1}
                               : CellRect{here.left, row, column + 1, row + 1};
     }

@@ -6,6 +6,8 @@
 #include <gdkmm/pixmap.h>
 #include <gtkmm/drawingarea.h>
 
+#include <atomic>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -47,6 +49,8 @@ public:
     void Paint(const PaintJob& job);
     // Brings the cell from the pixmap to the screen again, with or without the cursor.
     void ExposeCell(int column, int row);
+    // Any thread.
+    int64_t CellsPainted() const { return cellsPainted.load(std::memory_order_relaxed); }
 
 protected:
     void on_realize() override;
@@ -72,6 +76,7 @@ private:
     // any that can be.
     std::vector<Cell> painted;
     CellRect changed;
+    std::atomic<int64_t> cellsPainted{0};
 };
 
 }  // namespace zt

@@ -2,9 +2,9 @@
 // mask; slot 0 is the blank. Under the GDK lock only.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
-#include <cstddef>
 #include <vector>
 
 #include "console/window/cell_font.h"

@@ -42,6 +42,9 @@ public:
     bool GetClipboardText(Westring& text) override;
     void SetClipboardText(const Westring& text) override;
 
+    void WaitPainted();
+    int64_t CellsPainted() const { return area.CellsPainted(); }
+
     // For the drawing area: false when the cursor is not to be seen now.
     bool ViewCursor(CursorView& view);
 
@@ -81,6 +84,7 @@ private:
     // Painting.
     void PaintFrame();
     bool TakeJob();
+    void PaintAndSync();
     void CopyPendingRow(int row, const Cell* source);
 
     // Input.

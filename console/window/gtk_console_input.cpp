@@ -111,6 +111,7 @@ bool CConsole::on_map_event(GdkEventAny* event) {
         hidden = false;
         EndUpdate();
     }
+    frames.Request(FrameTimer::Urgency::kNow);
     return Gtk::Window::on_map_event(event);
 }
 

@@ -1,6 +1,9 @@
 // The way of changed cells to the screen: the first thread notes them, the GTK thread copies and
 // paints them.
+#include <gdkmm/display.h>
+
 #include <algorithm>
+#include <future>
 
 #include "console/window/gtk_console.h"
 
@@ -55,7 +58,21 @@ bool CConsole::ViewCursor(CursorView& view) {
 }
 
 void CConsole::PaintFrame() {
-    if (TakeJob()) area.Paint(job);
+    if (area.is_realized() && TakeJob()) area.Paint(job);
+}
+
+void CConsole::PaintAndSync() {
+    PaintFrame();
+    get_display()->sync();
+}
+
+void CConsole::WaitPainted() {
+    std::promise<void> painted;
+    calls.Post([&] {
+        PaintAndSync();
+        painted.set_value();
+    });
+    painted.get_future().wait();
 }
 
 // The only step of painting under the grid's lock: a copy of what changed.

@@ -5,6 +5,7 @@
 
 #include <X11/extensions/Xrender.h>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -44,6 +45,7 @@ public:
 
 private:
     GlyphCache::Slot UploadedSlot(uint32_t character);
+    void Upload(GlyphCache::Slot slot);
     void AddBackground(ColourWork& work, int x, int y);
     void AddSlot(ColourWork& work, int x, int y, GlyphCache::Slot slot);
     void FlushBackgrounds();
@@ -57,6 +59,7 @@ private:
     GlyphSet glyphs;
     std::array<ColourWork, kPaletteSize> colours;
     std::vector<XGlyphElt16> elements;
+    std::vector<unsigned char> trimmed;
 };
 
 XRenderColor RenderColour(size_t index) {
@@ -98,16 +101,42 @@ GlyphCache::Slot RenderPainter::UploadedSlot(uint32_t character) {
     }
     bool isNew;
     const GlyphCache::Slot slot = cache.Find(character, isNew);
-    if (isNew) {
-        const Glyph id = slot;
-        XGlyphInfo info{};
-        info.width = static_cast<unsigned short>(width);
-        info.height = static_cast<unsigned short>(height);
-        info.xOff = static_cast<short>(width);
-        XRenderAddGlyphs(display, glyphs, &id, &info, 1,
-                         reinterpret_cast<const char*>(cache.Mask(slot)), cache.Font().MaskBytes());
-    }
+    if (isNew) Upload(slot);
     return slot;
+}
+
+// Only the part of the mask with something in it: the server blends every pixel that it has.
+void RenderPainter::Upload(GlyphCache::Slot slot) {
+    const unsigned char* mask = cache.Mask(slot);
+    const int stride = cache.Font().MaskStride();
+    int left = width;
+    int top = height;
+    int right = 0;
+    int bottom = 0;
+    for (int y = 0; y < height; y++) {
+        for (int x = 0; x < width; x++) {
+            if (mask[y * stride + x] == 0) continue;
+            left = std::min(left, x);
+            right = std::max(right, x + 1);
+            top = std::min(top, y);
+            bottom = y + 1;
+        }
+    }
+    const int inkStride = (right - left + 3) & ~3;
+    trimmed.assign(static_cast<size_t>(inkStride * (bottom - top)), 0);
+    for (int y = top; y < bottom; y++) {
+        std::copy(mask + y * stride + left, mask + y * stride + right,
+                  trimmed.begin() + inkStride * (y - top));
+    }
+    const Glyph id = slot;
+    const XGlyphInfo info{static_cast<unsigned short>(right - left),
+                          static_cast<unsigned short>(bottom - top),
+                          static_cast<short>(-left),
+                          static_cast<short>(-top),
+                          static_cast<short>(width),
+                          0};
+    XRenderAddGlyphs(display, glyphs, &id, &info, 1, reinterpret_cast<const char*>(trimmed.data()),
+                     static_cast<int>(trimmed.size()));
 }
 
 void RenderPainter::AddBackground(ColourWork& work, int x, int y) {

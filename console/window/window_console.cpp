@@ -16,6 +16,8 @@ public:
 
     GridConsole& Console() override { return window; }
     void SetRemoteHost(const Estring& host) override { window.SetRemoteHost(host); }
+    void WaitPainted() override { window.WaitPainted(); }
+    int64_t CellsPainted() override { return window.CellsPainted(); }
 
 private:
     Gtk::Main toolkit;
