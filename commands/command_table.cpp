@@ -1,9 +1,11 @@
 #include "commands/command_table.h"
 
+#include "commands/confirmations_dialog.h"
 #include "commands/directory_commands.h"
 #include "commands/line_commands.h"
 #include "commands/movement_commands.h"
 #include "commands/option_commands.h"
+#include "commands/program_configuration.h"
 #include "commands/quit_command.h"
 #include "commands/screen_commands.h"
 #include "commands/view_commands.h"
@@ -140,8 +142,8 @@ constexpr CommandRow kCommands[] = {
     {0x30059, kNeedsFiles | kNeedsNoArchive, nullptr},
     {0x3005A, kNeedsNothing, nullptr},
     {0x3005B, kNeedsNothing, nullptr},
-    {0x3005C, kNeedsNothing, nullptr},
-    {0x100134, kNeedsNothing, nullptr},
+    {0x3005C, kNeedsNothing, SaveConfiguration},
+    {0x100134, kNeedsNothing, SaveConfiguration},
     {0x3005E, kNeedsNothing, ToggleLeftWidth},
     {0x3005F, kNeedsNothing, ToggleRightWidth},
     {0x30062, kNeedsFiles | kNeedsNoArchive, nullptr},
@@ -194,7 +196,7 @@ constexpr CommandRow kCommands[] = {
     {0x100131, kNeedsNothing, ToggleFullScreen},
     {0x100132, kNeedsNothing, ToggleClock},
     {0x100133, kNeedsNothing, ToggleTagDirs},
-    {0x100135, kNeedsNothing, nullptr},
+    {0x100135, kNeedsNothing, ConfirmationsDialog},
     {0x100136, kNeedsNothing, ToggleThousandSep},
     {0x100137, kNeedsNothing, ToggleRetainCount},
 };

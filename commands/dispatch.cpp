@@ -3,6 +3,7 @@
 #include "commands/command_table.h"
 #include "commands/directory_commands.h"
 #include "commands/panel_mouse.h"
+#include "commands/pull_down.h"
 #include "commands/stored_paths.h"
 #include "console/key_codes.h"
 #include "foundation/settings.h"
@@ -38,6 +39,12 @@ bool TakeQuit(LoopState& state, KeyPress& key) {
 bool TurnGreyStarIntoText(LoopState&, KeyPress& key) {
     if (key.code == kKeyGreyMultiply && settings.disableInvert) key.code = '*';
     return false;
+}
+
+bool RunMenuKey(LoopState& state, KeyPress& key) {
+    if (!IsMenuKey(key.code)) return false;
+    key = RunPullDown(state, key.code);
+    return key.code == kKeyNone;
 }
 
 bool TakeStoredPath(LoopState& state, KeyPress& key) {
@@ -88,8 +95,15 @@ bool TakeOffCursorBar(LoopState& state, KeyPress& key) {
 }
 
 constexpr Step kSteps[] = {
-    TakeMouse, TakeQuit,         TurnGreyStarIntoText, TakeStoredPath, TurnSortKeyIntoMenuCode,
-    TakeText,  TakeOffCursorBar,
+    TakeMouse,
+    TakeQuit,
+    TurnGreyStarIntoText,
+    RunMenuKey,
+    TakeQuit,  // the menu may hand on the quit event
+    TakeStoredPath,
+    TurnSortKeyIntoMenuCode,
+    TakeText,
+    TakeOffCursorBar,
 };
 
 bool NeedsAreMet(LoopState& state, uint8_t needs) {

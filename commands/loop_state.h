@@ -8,6 +8,7 @@
 #include "console/read_key.h"
 #include "panels/panel_pair.h"
 #include "ui/function_key_bar.h"
+#include "ui/pull_down_menu.h"
 
 namespace zt {
 
@@ -34,6 +35,7 @@ struct LoopState {
     bool bothPanelsOff = false;
     int32_t pressedFunctionKey = 0;  // under the last press of a mouse button, or 0
     std::unique_ptr<CFunctionKeyBar> functionKeys;
+    PullDownMenu menu;
 
     // A command changed what the panels or the line show: all of it is drawn at the next pass.
     void DrawAll() {

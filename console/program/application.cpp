@@ -3,11 +3,13 @@
 #include <unistd.h>
 #include <cstdlib>
 
+#include "commands/application_paths.h"
 #include "commands/screen_commands.h"
 #include "console/program/exit_script.h"
 #include "console/program/main_loop.h"
 #include "console/program/working_directory.h"
 #include "console/program_state.h"
+#include "foundation/file_name.h"
 #include "foundation/locale_formats.h"
 #include "foundation/settings.h"
 #include "panels/navigation.h"
@@ -31,8 +33,8 @@ constexpr int kCursorAtExitPercent = 15;
 
 }  // namespace
 
-Application::Application(const Estring& path, const ProgramOptions& programOptions)
-    : programPath(path), options(programOptions) {}
+Application::Application(const Estring& path, bool isFarEnd, const ProgramOptions& programOptions)
+    : programPath(path), farEnd(isFarEnd), options(programOptions), configuration(state) {}
 
 Application::~Application() = default;
 
@@ -43,10 +45,16 @@ int Application::Run() {
     modifiersSeen = 0;
     clockTick = TickClockWindow;
     SetUpLocale();
+    SetProgramPath(programPath.c_str(), farEnd);
+    SetConfigurationFile(NameFromBytes(options.iniFile.c_str()));
+    RefreshScreenSize();
+    configuration.Read();
     EnforceMinimumSize();
+    SetUpLocale();
     MakeFunctionKeyBar(state);
     OpenPanels();
     RunMainLoop(state);
+    if (settings.autoSave) configuration.Write();
     LeaveScreen();
     if (!options.exitScript.IsEmpty()) {
         WriteExitScript(options.exitScript, RealDirectory(state.Active()));

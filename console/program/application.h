@@ -3,14 +3,16 @@
 #pragma once
 
 #include "commands/loop_state.h"
+#include "commands/program_configuration.h"
 #include "console/program/program_options.h"
 
 namespace zt {
 
 class Application {
 public:
-    // `options` must outlive the application. The console must stand.
-    Application(const Estring& programPath, const ProgramOptions& options);
+    // `options` must outlive the application. The console must stand. `farEnd`: the screen is that
+    // of a remote session.
+    Application(const Estring& programPath, bool farEnd, const ProgramOptions& options);
     ~Application();
 
     // Gives the exit status of the program.
@@ -23,9 +25,11 @@ private:
     void OpenPanels();
     void LeaveScreen();
 
-    const Estring programPath;
+    const Estring programPath;  // argv[0]
+    const bool farEnd;
     const ProgramOptions& options;
     LoopState state;
+    ProgramConfiguration configuration;
 };
 
 }  // namespace zt

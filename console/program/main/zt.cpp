@@ -23,7 +23,7 @@ int main(int argc, char** argv) {
     }
     console = &window->Console();
     window->SetRemoteHost(options.remoteHost);
-    const int status = Application(programPath, options).Run();
+    const int status = Application(programPath, false, options).Run();
     console = nullptr;
     return status;
 }
