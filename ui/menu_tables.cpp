@@ -100,7 +100,7 @@ constexpr MenuEntry kOptionsEntries[] = {
     {"Colours", 'o', 0x10012D},
     {"Confirmations", 'n', 0x100135},
     {nullptr, 0, 0},
-    {"Hidden Files    Ctrl-H", 'H', 0x10012E, MenuMark::kHidden},
+    {"Hidden Files    Ctrl-H", 'H', 0x10012E, MenuMark::kHiddenFiles},
     {"Path Prompt", 'P', 0x10012F, MenuMark::kPathPrompt},
     {"Full Screen", 'F', 0x100131, MenuMark::kFullScreen},
     {"Clock", 'l', 0x100132, MenuMark::kClock},

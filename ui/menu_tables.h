@@ -20,7 +20,7 @@ enum class MenuMark {
     kSort3,
     kSort4,
     kReverse,
-    kHidden,  // from here on the settings of these names
+    kHiddenFiles,  // from here on the settings of these names
     kPathPrompt,
     kFullScreen,
     kClock,

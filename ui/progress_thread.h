@@ -3,12 +3,10 @@
 // must open no dialog while one lives. What they show they read through atomics.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <thread>
 
-#include "foundation/estring.h"
 #include "foundation/thread_event.h"
 #include "ui/dialog.h"
 
@@ -43,38 +41,6 @@ private:
     uint32_t delayMilliseconds;
     CThreadEvent stop;
     std::thread thread;
-};
-
-// A directory is being read.
-class DirReadProgress : public ProgressIndicatorThread {
-public:
-    explicit DirReadProgress(const std::atomic<int>* count,
-                             uint32_t delayMilliseconds = kDelayMilliseconds);
-    ~DirReadProgress() override;
-
-protected:
-    void Update() override;
-
-private:
-    const std::atomic<int>* count;
-    int spinner = 0;
-};
-
-// Bytes of a file are being read: `done` of `total`. A total of 0 is not known yet.
-class FileReadProgress : public ProgressIndicatorThread {
-public:
-    FileReadProgress(const std::atomic<int64_t>* done, const std::atomic<int64_t>* total,
-                     const Estring& title, uint32_t delayMilliseconds = kDelayMilliseconds);
-    ~FileReadProgress() override;
-
-protected:
-    void Update() override;
-
-private:
-    const std::atomic<int64_t>* done;
-    const std::atomic<int64_t>* total;
-    Estring title;
-    float fraction = 0;
 };
 
 }  // namespace zt

@@ -33,10 +33,10 @@ bool IsRelease(int type) {
            type == static_cast<int>(MouseType::kRightRelease);
 }
 
-// The settings that have an entry, from MenuMark::kHidden on.
+// The settings that have an entry, from MenuMark::kHiddenFiles on.
 bool SettingMarked(MenuMark mark) {
     switch (mark) {
-        case MenuMark::kHidden:
+        case MenuMark::kHiddenFiles:
             return settings.hidden;
         case MenuMark::kPathPrompt:
             return settings.pathPrompt;
@@ -106,7 +106,7 @@ int PullDownMenu::Run(int side, bool reopen, const std::array<MenuPanelState, 2>
 }
 
 bool PullDownMenu::IsMarked(MenuMark mark) const {
-    if (mark >= MenuMark::kHidden) return SettingMarked(mark);
+    if (mark >= MenuMark::kHiddenFiles) return SettingMarked(mark);
     return PanelMarked(mark, panelStates[menuIndex == kRightMenu ? 1 : 0]);
 }
 
