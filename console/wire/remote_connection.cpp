@@ -16,7 +16,7 @@ namespace {
 constexpr uint32_t kFirstCapacity = 0x10000;
 // A frame of every parameter that any request takes is far below this. What is longer comes from a
 // corrupt stream, which stalls anyway, and is not worth the memory.
-constexpr uint32_t kMostKeptBytes = 16 << 20;
+constexpr uint32_t kMostKeptBytes = 4 << 20;
 
 constexpr Attribute kRemoteFillAttribute = 7;
 constexpr int kRemoteCursorSize = 15;
