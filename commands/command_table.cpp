@@ -1,5 +1,6 @@
 #include "commands/command_table.h"
 
+#include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
 #include "commands/directory_commands.h"
 #include "commands/line_commands.h"
@@ -189,8 +190,8 @@ constexpr CommandRow kCommands[] = {
     {0x100071, kNeedsFiles | kNeedsNoArchive, nullptr},
     {0x1000D0, kNeedsNothing, nullptr},
     {0x1000D1, kNeedsNothing, nullptr},
-    {0x10012C, kNeedsNothing, nullptr},
-    {0x10012D, kNeedsNothing, nullptr},
+    {0x10012C, kNeedsNothing, ConfigurationDialog},
+    {0x10012D, kNeedsNothing, ColoursCommand},
     {0x10012E, kNeedsNothing, ToggleHidden},
     {0x10012F, kNeedsNothing, TogglePathPrompt},
     {0x100131, kNeedsNothing, ToggleFullScreen},

@@ -47,13 +47,6 @@ void ReopenBoth(LoopState& state, const bool (&wasShowing)[2]) {
     state.DrawAll();
 }
 
-void ResizeAndReopen(LoopState& state, int rows, int columns) {
-    bool wasShowing[2];
-    CloseBoth(state, wasShowing);
-    ResizeScreen(rows, columns);
-    ReopenBoth(state, wasShowing);
-}
-
 }  // namespace
 
 void RefreshScreenSize() {
@@ -66,6 +59,13 @@ void ResizeScreen(int rows, int columns) {
         console->Beep();
     }
     RefreshScreenSize();
+}
+
+void ResizeAndReopen(LoopState& state, int rows, int columns) {
+    bool wasShowing[2];
+    CloseBoth(state, wasShowing);
+    ResizeScreen(rows, columns);
+    ReopenBoth(state, wasShowing);
 }
 
 void ToggleFullScreen(LoopState& state, const KeyPress&) {

@@ -10,6 +10,9 @@ void RefreshScreenSize();
 // A new grid. Everything on it is lost: the caller draws afresh.
 void ResizeScreen(int rows, int columns);
 
+// The same with the panels closed before and opened again.
+void ResizeAndReopen(LoopState& state, int rows, int columns);
+
 void ToggleFullScreen(LoopState& state, const KeyPress& key);
 // Alt-F9: 25 lines, 50, and the configured number.
 void ToggleLines(LoopState& state, const KeyPress& key);

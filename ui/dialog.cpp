@@ -10,8 +10,10 @@
 
 namespace zt {
 
-Dialog::Dialog(int x, int y, int rightOrWidth, int bottomOrHeight, Attribute attribute)
-    : Win(x, y, rightOrWidth, bottomOrHeight, attribute, attribute),
+Dialog::Dialog(int x, int y, int rightOrWidth, int bottomOrHeight, Attribute attribute,
+               DialogFrame frame)
+    : Win(x, y, rightOrWidth, bottomOrHeight, attribute,
+          frame == DialogFrame::kNone ? kNoAttribute : attribute),
       colours{attribute, Colour(ColourClass::kInputFields), Colour(ColourClass::kInputFields)} {}
 
 // The elements go first and in order: a field still asks the dialog how it ended.

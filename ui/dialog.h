@@ -36,6 +36,8 @@
 
 namespace zt {
 
+enum class DialogFrame { kDouble, kNone };
+
 enum class DialogColour { kText = 0, kInput = 1, kFocusedButton = 2 };
 
 inline constexpr int kExitEnter = 13;
@@ -50,8 +52,9 @@ class Dialog : public Win {
 public:
     static constexpr int kMaxElements = 100;
 
-    // As Win's; `attribute` is that of the text and of the frame. There is a shadow.
-    Dialog(int x, int y, int rightOrWidth, int bottomOrHeight, Attribute attribute);
+    // As Win's; `attribute` is that of the text and of the frame. A frame has a shadow.
+    Dialog(int x, int y, int rightOrWidth, int bottomOrHeight, Attribute attribute,
+           DialogFrame frame = DialogFrame::kDouble);
     ~Dialog() override;
 
     // Asked before the focus moves; false refuses, and `to` may be changed.
