@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
 
 namespace zt {
@@ -58,6 +59,29 @@ TEST(EventQueueTest, WakesAReaderThatWaits) {
     }
     writer.join();
     EXPECT_EQ(queue.Pending(), 0);
+}
+
+// An event taken without waiting leaves the flag set; the next reader must wait all the same.
+TEST(EventQueueTest, WaitsThoughAnEarlierEventSetTheFlag) {
+    CEventQueue queue;
+    std::atomic<int> asked{0};
+    constexpr int kRounds = 200;
+    std::thread writer([&] {
+        for (int i = 0; i < kRounds; i++) {
+            while (asked <= i)
+                std::this_thread::yield();
+            queue.Push(TEvent{0, i, 0, 0, 0, 0});
+        }
+    });
+    int missed = 0;
+    for (int i = 0; i < kRounds; i++) {
+        queue.Push(TEvent{});
+        queue.Pop(0);
+        asked++;
+        if (queue.Pop(-1) == nullptr) missed++;
+    }
+    writer.join();
+    EXPECT_EQ(missed, 0);
 }
 
 TEST(EventQueueTest, FreesWhatWasNeverRead) {
