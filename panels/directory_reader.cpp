@@ -17,8 +17,8 @@
 #include "panels/mount_table.h"
 #include "panels/navigation.h"
 #include "panels/panel_pair.h"
+#include "ui/directory_progress.h"
 #include "ui/message_box.h"
-#include "ui/progress_thread.h"
 
 namespace zt {
 

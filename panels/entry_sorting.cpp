@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <cwchar>
 #include <vector>
 
 #include "foundation/settings.h"
@@ -49,8 +50,8 @@ int CompareByOrder(const entry& a, const entry& b, int order) {
 }
 
 struct SortItem {
-    uint64_t word;       // what the present pass compares
-    const uint8_t* key;  // zero-ended, with eight zero bytes at its end
+    uint64_t word;  // what the present pass compares
+    size_t key;     // where the name's bytes begin, zero-ended
     entry* item;
 };
 
@@ -58,10 +59,13 @@ using ItemIterator = std::vector<SortItem>::iterator;
 
 constexpr size_t kWordBytes = sizeof(uint64_t);
 
-uint64_t WordAt(const uint8_t* key, size_t depth) {
+// Eight bytes in the order of comparison; what lies behind the key's end counts as zeros.
+uint64_t WordAt(const uint8_t* bytes) {
     uint64_t word;
-    memcpy(&word, key + depth, sizeof word);
-    return be64toh(word);
+    memcpy(&word, bytes, sizeof word);
+    word = be64toh(word);
+    const size_t length = strnlen(reinterpret_cast<const char*>(bytes), kWordBytes);
+    return length == kWordBytes ? word : length == 0 ? 0 : word & ~uint64_t{0} << (64 - 8 * length);
 }
 
 // Calls `further` for each run of at least two items with the same word.
@@ -77,12 +81,12 @@ void SortByWord(ItemIterator first, ItemIterator last, Further further) {
     }
 }
 
-void SortByKey(ItemIterator first, ItemIterator last, size_t depth) {
+void SortByKey(ItemIterator first, ItemIterator last, const uint8_t* bytes) {
     for (auto it = first; it != last; ++it)
-        it->word = WordAt(it->key, depth);
-    SortByWord(first, last, [depth](ItemIterator run, ItemIterator end) {
+        it->word = WordAt(bytes + it->key);
+    SortByWord(first, last, [bytes](ItemIterator run, ItemIterator end) {
         // A last byte of 0 means that the keys of this run have ended, all of them alike.
-        if ((run->word & 0xFF) != 0) SortByKey(run, end, depth + kWordBytes);
+        if ((run->word & 0xFF) != 0) SortByKey(run, end, bytes + kWordBytes);
     });
 }
 
@@ -125,24 +129,30 @@ private:
 
     void SortByNames(ItemIterator first, ItemIterator last) {
         bytes_.clear();
-        offsets_.clear();
+        bytes_.reserve(BytesFor(first, last));
         const bool natural = settings.naturalSort;
         for (auto it = first; it != last; ++it) {
-            offsets_.push_back(bytes_.size());
-            if (order_ == kSortExtension) {
-                // Byte 0 cannot be used between the two; 1 would tie with an underscore's key.
-                // So every byte of the extension is followed by a 2 and its end marked by a 1.
-                AppendMarked(ExtensionOf(it->item->name), natural);
-            }
+            it->key = bytes_.size();
+            if (order_ == kSortExtension) AppendMarked(ExtensionOf(it->item->name), natural);
             AppendSortBytes(it->item->name, natural, bytes_);
-            bytes_.insert(bytes_.end(), kWordBytes, 0);
+            bytes_.push_back(0);
         }
-        for (size_t i = 0; i < offsets_.size(); ++i) {
-            first[static_cast<std::ptrdiff_t>(i)].key = bytes_.data() + offsets_[i];
-        }
-        SortByKey(first, last, 0);
+        bytes_.insert(bytes_.end(), kWordBytes, 0);  // the last word may be read past its end
+        SortByKey(first, last, bytes_.data());
     }
 
+    // Enough for names of ASCII letters: a large list is not moved about while its keys are made.
+    size_t BytesFor(ItemIterator first, ItemIterator last) const {
+        size_t bytes = kWordBytes;
+        for (auto it = first; it != last; ++it) {
+            bytes += wcslen(it->item->name) + 1;
+            if (order_ == kSortExtension) bytes += 2 * wcslen(ExtensionOf(it->item->name)) + 1;
+        }
+        return bytes;
+    }
+
+    // The extension goes before the whole name. Byte 0 cannot part the two, and 1 is an
+    // underscore's key: so every byte is put behind a 2, and a 1 ends them.
     void AppendMarked(const wchar_t* extension, bool natural) {
         extensionBytes_.clear();
         AppendSortBytes(extension, natural, extensionBytes_);
@@ -156,7 +166,6 @@ private:
     int order_;
     std::vector<uint8_t> bytes_;
     std::vector<uint8_t> extensionBytes_;
-    std::vector<size_t> offsets_;
 };
 
 }  // namespace
@@ -174,7 +183,7 @@ void SortEntries(const CPanel&, int sort, entry** items, int count) {
     sorted.reserve(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i) {
         const auto group = static_cast<uint8_t>(items[i]->group);
-        sorted.push_back({group, nullptr, items[i]});
+        sorted.push_back({group, 0, items[i]});
     }
     GroupSorter sorter(order);
     SortByWord(sorted.begin(), sorted.end(), [&](ItemIterator run, ItemIterator end) {

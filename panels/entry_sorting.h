@@ -12,7 +12,7 @@ struct CPanel;
 int CompareEntries(const entry& a, const entry& b, int sort);
 
 // Sorts as CompareEntries says; the order of equal entries is open. Orders 4 and 9 leave the array
-// as it is. About 40 bytes a entry are used meanwhile.
+// as it is. Some 40 bytes an entry are used meanwhile.
 void SortEntries(const CPanel& panel, int sort, entry** items, int count);
 
 // Makes `sort` the panel's order, in the settings too, and sorts. The cursor stays on its name.
