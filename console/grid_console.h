@@ -46,6 +46,7 @@ public:
     void WriteCellString(int column, int row, const Cell* zeroEnded) override;
     void WriteWide(int column, int row, const wchar_t* text, Attribute attribute) override;
     void WriteBytes(int column, int row, const char* text, Attribute attribute) override;
+    // A long text is written in stretches, between which other threads get at the grid.
     void WriteStream(const char* utf8) override;
     void ScrollUp(int column, int row, int width, int height, int lines,
                   Attribute attribute) override;

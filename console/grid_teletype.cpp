@@ -7,7 +7,15 @@
 
 namespace zt {
 
-// One call's worth of output. Lives inside the call, with the grid locked. What a row got is
+namespace {
+
+// So many characters are put under one hold of the lock: even if each of them scrolls a large
+// grid, the painter waits less than a frame.
+constexpr int kCharactersPerHold = 1024;
+
+}  // namespace
+
+// A stretch of output. Lives inside one hold of the grid's lock. What a row got is
 // stored as one run when the row is left, so that each row is painted once.
 class GridConsole::Teletype {
 public:
@@ -77,12 +85,15 @@ void GridConsole::WriteStream(const char* utf8) {
     }
     Westring text;
     text.AssignUtf8(utf8);
-    Guard guard(gridLock);
-    Teletype teletype(*this);
-    for (int i = 0; i < text.Length(); i++) {
-        teletype.Put(static_cast<uint32_t>(static_cast<wchar_t>(text[i])));
+    for (int start = 0; start < text.Length(); start += kCharactersPerHold) {
+        Guard guard(gridLock);
+        Teletype teletype(*this);
+        const int end = std::min(start + kCharactersPerHold, text.Length());
+        for (int i = start; i < end; i++) {
+            teletype.Put(static_cast<uint32_t>(static_cast<wchar_t>(text[i])));
+        }
+        teletype.Finish();
     }
-    teletype.Finish();
 }
 
 }  // namespace zt

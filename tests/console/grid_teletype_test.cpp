@@ -164,6 +164,23 @@ TEST_F(TeletypeTest, StartsInsideTheGridWhereverTheCursorStands) {
     ExpectCursor(0, 2);
 }
 
+TEST_F(TeletypeTest, GoesOnSeamlesslyInALongText) {
+    Leaving leaving;
+    console.SetScrollBackSink(&leaving);
+    std::string text;
+    for (int i = 0; i < 1000; i++)
+        text += std::to_string(i) + (i % 7 == 0 ? "\t.\n" : "\n");
+    console.WriteStream(text.c_str());
+    ASSERT_EQ(leaving.lines.size(), 998u);
+    for (int i = 0; i < 998; i++) {
+        std::string expected = std::to_string(i);
+        if (i % 7 == 0) expected += std::string(8 - expected.size(), ' ') + ".";
+        EXPECT_EQ(Trimmed(leaving.lines[static_cast<size_t>(i)]), expected);
+    }
+    EXPECT_EQ(Trimmed(console.RowText(1)), "999");
+    ExpectCursor(0, 2);
+}
+
 TEST_F(TeletypeTest, PaintsEachRowOnce) {
     console.ForgetRecords();
     console.WriteStream("abc\rdef\nxyz");
