@@ -341,8 +341,8 @@ TEST(WildMatch, EndsSoonForMasksOfManyChoices) {
     EXPECT_TRUE(WildMatch(lists.c_str(), text.substr(0, 100).c_str()));
     EXPECT_FALSE(WildMatch(lists.c_str(), text.c_str()));
     EXPECT_FALSE(WildMatch((stars + lists + stars + "b").c_str(), text.c_str()));
-    EXPECT_FALSE(WildMatch((std::string(4000, '{') + "a}").c_str(), text.c_str()));
-    EXPECT_FALSE(WildMatch((std::string(4000, '[') + "a").c_str(), text.c_str()));
+    EXPECT_FALSE(WildMatch(std::string(4000, '{').append("a}").c_str(), text.c_str()));
+    EXPECT_FALSE(WildMatch(std::string(4000, '[').append("a").c_str(), text.c_str()));
 }
 
 }  // namespace
