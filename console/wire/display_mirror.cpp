@@ -16,7 +16,6 @@ constexpr int kRectangleStart = 43;
 constexpr int kRunStart = 31;
 // More moves than this within one update are a sign that they do not help.
 constexpr size_t kMostScrolls = 64;
-constexpr int64_t kNever = INT64_MAX / 2;
 
 // The cell as the display's grid will hold it.
 Cell ShownCell(Cell cell) {
@@ -261,7 +260,7 @@ void DisplayMirror::EncodeRectangle(FrameBuffer& out, const CellRect& rect) {
     out.AddCellString(rectangle_.data(), static_cast<int>(rectangle_.size()));
 }
 
-void DisplayMirror::EncodeRun(FrameBuffer& out, const Run& run) const {
+void DisplayMirror::EncodeRun(FrameBuffer& out, const CellRun& run) const {
     const Cell* cells = wanted_.Row(run.row) + run.left;
     const int count = run.right - run.left;
     const auto begin = [&](Opcode opcode, int parameters) {

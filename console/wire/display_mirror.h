@@ -69,7 +69,7 @@ private:
     void ChooseBands();
     int EncodeBands(FrameBuffer& out);
     int EncodeBand(FrameBuffer& out, const Band& band);
-    void EncodeRun(FrameBuffer& out, const Run& run) const;
+    void EncodeRun(FrameBuffer& out, const CellRun& run) const;
     void EncodeRectangle(FrameBuffer& out, const CellRect& rect);
     void MayDiffer(int row, int left, int right);
 
@@ -82,7 +82,7 @@ private:
     // Working space of Encode, kept so that an update allocates nothing.
     RowPlanner planner_;
     CellRect bounds_;  // around all that differs
-    std::vector<Run> runs_;
+    std::vector<CellRun> runs_;
     std::vector<RowRuns> rows_;
     std::vector<int64_t> rectangleBytes_;  // of the bounds' rows, summed from the top
     std::vector<Band> bands_;              // the best last band for each number of rows

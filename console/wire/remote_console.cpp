@@ -22,9 +22,10 @@ bool SameRect(const CellRect& a, const CellRect& b) {
 
 }  // namespace
 
-RemoteConsole::RemoteConsole(int readFrom, int writeTo)
+RemoteConsole::RemoteConsole(int readFrom, int writeTo, int clipboardMilliseconds)
     : GridConsole(kFirstColumns, kFirstRows),
       inputFd(readFrom),
+      clipboardWait(clipboardMilliseconds),
       wakeFd(eventfd(0, EFD_CLOEXEC)),
       output(writeTo),
       input(*this) {}
@@ -107,7 +108,7 @@ void RemoteConsole::WriteStream(const char* utf8) {
 bool RemoteConsole::GetClipboardText(Westring& text) {
     FrameBuffer request;
     request.BeginRequest(Opcode::kGetClipboardText, 0);
-    const std::unique_ptr<CParameterList> reply = Ask(request, kClipboardMilliseconds);
+    const std::unique_ptr<CParameterList> reply = Ask(request, clipboardWait);
     int32_t result = 0;
     return reply != nullptr && CParameterList::GetInteger(reply->Peek(0), result) && result != 0 &&
            CParameterList::GetUnicodeString(reply->Peek(1), text);

@@ -33,8 +33,11 @@ const char* DescribeRemoteStart(RemoteStart result);
 
 class RemoteConsole : public GridConsole, private IDisplayListener {
 public:
-    // Borrows the descriptors.
-    RemoteConsole(int inputFd, int outputFd);
+    static constexpr int kClipboardMilliseconds = 3000;
+    static constexpr int kHandshakeMilliseconds = 60000;
+
+    // Borrows the descriptors. The last is how long a clipboard read waits.
+    RemoteConsole(int inputFd, int outputFd, int clipboardMilliseconds = kClipboardMilliseconds);
     ~RemoteConsole() override;
     RemoteConsole(const RemoteConsole&) = delete;
     RemoteConsole& operator=(const RemoteConsole&) = delete;
@@ -55,12 +58,9 @@ public:
     // Does not wait for the display. 1, or 0 for a size that no grid can have, which is not sent.
     int Resize(int columns, int rows, const char* fontFamily, int fontSize) override;
     void WriteStream(const char* utf8) override;
-    // The only call that waits for the display: at most kClipboardMilliseconds.
+    // The only call that waits for the display. False when no text came in time.
     bool GetClipboardText(Westring& text) override;
     void SetClipboardText(const Westring& text) override;
-
-    static constexpr int kClipboardMilliseconds = 3000;
-    static constexpr int kHandshakeMilliseconds = 60000;
 
 protected:
     void CellsChanged(const CellRect& rect) override;
@@ -100,7 +100,8 @@ private:
     void AppendSelectable();
 
     const int inputFd;
-    const int wakeFd;  // an event counter that ends the reader
+    const int clipboardWait;  // milliseconds
+    const int wakeFd;         // an event counter that ends the reader
     WireOutput output;
     DisplayMirror mirror;
     DisplayState told;

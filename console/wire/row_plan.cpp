@@ -54,7 +54,7 @@ int Cheapest(const int (&costs)[kRunKindCount]) {
 }  // namespace
 
 int RowPlanner::Plan(const Cell* wanted, const Cell* sent, int row, int left, int right,
-                     std::vector<Run>& runs) {
+                     std::vector<CellRun>& runs) {
     if (left >= right) return 0;
     steps_.resize(static_cast<size_t>(right - left));
     int soFar[kRunKindCount] = {0, kNever, kNever, kNever, kNever};
@@ -79,7 +79,7 @@ int RowPlanner::Plan(const Cell* wanted, const Cell* sent, int row, int left, in
 }
 
 // Walks the steps back from the end and appends the runs in order.
-void RowPlanner::Collect(RunKind last, int row, int left, std::vector<Run>& runs) const {
+void RowPlanner::Collect(RunKind last, int row, int left, std::vector<CellRun>& runs) const {
     const size_t first = runs.size();
     RunKind kind = last;
     int end = left + static_cast<int>(steps_.size());

@@ -21,7 +21,7 @@ enum class RunKind : uint8_t {
 };
 inline constexpr int kRunKindCount = 5;
 
-struct Run {
+struct CellRun {
     RunKind kind;
     int row;
     int left;
@@ -38,14 +38,14 @@ public:
     // Appends the runs, left to right, that make `sent` into `wanted` between the two columns, and
     // gives what they cost in bytes. Both are whole rows.
     int Plan(const Cell* wanted, const Cell* sent, int row, int left, int right,
-             std::vector<Run>& runs);
+             std::vector<CellRun>& runs);
 
 private:
     struct Step {
         RunKind from[kRunKindCount];  // the kind of the cell before, when this one has the index's
         bool begins[kRunKindCount];   // whether a new run begins here
     };
-    void Collect(RunKind last, int row, int left, std::vector<Run>& runs) const;
+    void Collect(RunKind last, int row, int left, std::vector<CellRun>& runs) const;
 
     std::vector<Step> steps_;
 };
