@@ -19,8 +19,13 @@ namespace {
 
 constexpr int kStartColumns = 80;
 constexpr int kStartRows = 25;
-// The X protocol counts pixels with 15 bits.
-constexpr int kMaxPixels = 32767;
+// The X protocol counts pixels with 15 bits; and the picture has to fit into the display's memory.
+constexpr int kMaxSidePixels = 32767;
+constexpr int kMaxPixels = 1 << 26;
+constexpr int kMaxFontPoints = 128;
+
+const Gdk::EventMask kPointerEvents =
+    Gdk::BUTTON_MOTION_MASK | Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK;
 
 Glib::RefPtr<Gdk::Pixbuf> LoadIcon(const char* path) {
     try {
@@ -39,12 +44,14 @@ CConsole::CConsole()
       area(*this),
       frames([this] { PaintFrame(); }) {
     GdkLock gdk;
-    add_events(Gdk::BUTTON_MOTION_MASK | Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK |
-               Gdk::KEY_PRESS_MASK | Gdk::KEY_RELEASE_MASK);
+    add_events(kPointerEvents | Gdk::KEY_PRESS_MASK | Gdk::KEY_RELEASE_MASK);
     set_title("Zanthe");
     RebuildWindow(LoadFont(), columns, rows);
     set_resizable(false);
     area.set_double_buffered(false);
+    // The toolkit swallows the first motion after a press when only the window around the one
+    // under the pointer asked for it.
+    area.add_events(kPointerEvents);
     add(area);
     area.show();
     thread = std::thread([this] { RunGtk(); });
@@ -142,16 +149,17 @@ std::unique_ptr<CellFont> CConsole::LoadFont() {
 int CConsole::Resize(int newColumns, int newRows, const char* family, int size) {
     GdkLock gdk;
     if (family != nullptr && family[0] != 0) fontFamily = family;
-    if (size > 0) fontSize = size;
+    if (size > 0) fontSize = std::min(size, kMaxFontPoints);
     RebuildWindow(LoadFont(), newColumns, newRows);
     return columns == newColumns && rows == newRows ? 1 : 0;
 }
 
 void CConsole::RebuildWindow(std::unique_ptr<CellFont> font, int newColumns, int newRows) {
-    newColumns = std::min(newColumns, kMaxPixels / font->CellWidth());
-    newRows = std::min(newRows, kMaxPixels / font->CellHeight());
     const int cellWidth = font->CellWidth();
     const int cellHeight = font->CellHeight();
+    newColumns = std::clamp(newColumns, 1, kMaxSidePixels / cellWidth);
+    newRows = std::min(
+        {newRows, kMaxSidePixels / cellHeight, kMaxPixels / (newColumns * cellWidth * cellHeight)});
     {
         std::lock_guard<std::recursive_mutex> guard(gridLock);
         frozenCells.clear();

@@ -56,10 +56,16 @@ void PendingPaint::ShiftSpans(const CellRect& rect, int lines) {
     }
 }
 
+bool PendingPaint::IsWholePending(const CellRect& rect) const {
+    return std::all_of(
+        spans.begin() + rect.top, spans.begin() + rect.bottom,
+        [&](const Span& span) { return span.from <= rect.left && span.to >= rect.right; });
+}
+
 void PendingPaint::AddMove(const CellRect& asked, int lines) {
     const CellRect rect{std::max(asked.left, 0), std::max(asked.top, 0),
                         std::min(asked.right, columns), std::min(asked.bottom, Rows())};
-    if (rect.IsEmpty() || lines == 0) return;
+    if (rect.IsEmpty() || lines == 0 || IsWholePending(rect)) return;
     ShiftSpans(rect, lines);
     if (!moves.empty() && SameRect(moves.back().rect, rect)) {
         moves.back().lines += lines;

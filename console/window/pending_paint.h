@@ -50,6 +50,7 @@ public:
 private:
     void Widen(int row, int from, int to);
     void ShiftSpans(const CellRect& rect, int lines);
+    bool IsWholePending(const CellRect& rect) const;
 
     int columns = 0;
     bool hasSpans = false;

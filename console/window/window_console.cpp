@@ -12,15 +12,12 @@ namespace {
 
 class GtkWindowConsole : public WindowConsole {
 public:
-    GtkWindowConsole(int& argc, char**& argv) : toolkit(argc, argv, true) {}
-
     GridConsole& Console() override { return window; }
     void SetRemoteHost(const Estring& host) override { window.SetRemoteHost(host); }
     void WaitPainted() override { window.WaitPainted(); }
     int64_t CellsPainted() override { return window.CellsPainted(); }
 
 private:
-    Gtk::Main toolkit;
     CConsole window;
 };
 
@@ -30,7 +27,9 @@ std::unique_ptr<WindowConsole> OpenWindowConsole(int& argc, char**& argv) {
     InstallGdkLock();
     // The toolkit's own start ends the process when there is no display; this one tells.
     if (!gtk_init_check(&argc, &argv)) return nullptr;
-    return std::make_unique<GtkWindowConsole>(argc, argv);
+    // Lives as long as the process: it cannot be started a second time.
+    static const Gtk::Main* const toolkit = new Gtk::Main(argc, argv, true);
+    return toolkit != nullptr ? std::make_unique<GtkWindowConsole>() : nullptr;
 }
 
 }  // namespace zt
