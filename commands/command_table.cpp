@@ -97,7 +97,7 @@ constexpr CommandRow kCommands[] = {
     {0x1004F, kNeedsNothing, EndKey},
     {0x10050, kNeedsNothing, DownKey},
     {0x10051, kNeedsPanel, PageDownKey},
-    {0x10052, kNeedsFiles, nullptr},
+    {0x10052, kNeedsFiles, TagKey},
     {0x10053, kNeedsNothing, LineDelete},
     {0x1005E, kNeedsNothing, ToggleLeftPanel},
     {0x1005F, kNeedsNothing, ToggleRightPanel},

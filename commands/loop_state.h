@@ -7,6 +7,7 @@
 #include "commands/command_line.h"
 #include "console/read_key.h"
 #include "panels/panel_pair.h"
+#include "panels/tagging.h"
 #include "ui/function_key_bar.h"
 #include "ui/pull_down_menu.h"
 
@@ -33,9 +34,15 @@ struct LoopState {
     int carriedKey = 0;  // a key that an inner loop has read and the next pass handles
     bool leave = false;
     bool bothPanelsOff = false;
+    // The right button's drag: what it does to the entries it passes, and the last of them.
+    struct {
+        TagMode tag = TagMode::kSet;
+        int index = 0;
+    } drag;
     int32_t pressedFunctionKey = 0;  // under the last press of a mouse button, or 0
     std::unique_ptr<CFunctionKeyBar> functionKeys;
     PullDownMenu menu;
+    bool menuCancelled = true;  // the menu was last left with nothing chosen
 
     // A command changed what the panels or the line show: all of it is drawn at the next pass.
     void DrawAll() {

@@ -2,6 +2,7 @@
 
 #include "commands/line_commands.h"
 #include "panels/cursor_movement.h"
+#include "panels/tagging.h"
 
 namespace zt {
 
@@ -41,6 +42,13 @@ void HomeKey(LoopState& state, const KeyPress& key) {
 void EndKey(LoopState& state, const KeyPress& key) {
     if (state.bothPanelsOff) return LineEnd(state, key);
     LastEntry(state.Active());
+}
+
+void TagKey(LoopState& state, const KeyPress&) {
+    CPanel& panel = state.Active();
+    TagEntry(panel, panel.CurrentIndex(), TagMode::kToggle);
+    panel.searchText.Clear();
+    MoveCursor(panel, 1);
 }
 
 }  // namespace zt

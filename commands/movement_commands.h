@@ -16,4 +16,7 @@ void RightKey(LoopState& state, const KeyPress& key);
 void HomeKey(LoopState& state, const KeyPress& key);
 void EndKey(LoopState& state, const KeyPress& key);
 
+// Toggles the tag of the current entry and goes on to the next.
+void TagKey(LoopState& state, const KeyPress& key);
+
 }  // namespace zt

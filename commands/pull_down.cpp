@@ -23,6 +23,7 @@ KeyPress RunPullDown(LoopState& state, int32_t menuKey) {
     chosen.code =
         state.menu.Run(state.panels.active, menuKey == kReopenKey,
                        {MenuState(state.panels.panel[0]), MenuState(state.panels.panel[1])});
+    state.menuCancelled = chosen.code == kKeyNone;
     return chosen;
 }
 

@@ -1,6 +1,5 @@
 #include "commands/view_commands.h"
 
-#include "console/program_state.h"
 #include "panels/entry_sorting.h"
 #include "panels/panel_switching.h"
 #include "panels/panel_window.h"
@@ -31,25 +30,13 @@ constexpr int32_t kReverseLeft = 0x100006;
 constexpr int32_t kFirstSortRight = 0x100007;
 constexpr int32_t kFirstStyleKey = 0x30068;
 
-// While both panels are off the screen's text may be selected with the mouse, less the command
-// line and the function-key bar.
-void UpdateSelectableText(LoopState& state) {
-    if (BothPanelsOff(state.panels)) {
-        console->SetSelectableRect(0, 0, screenColumns, screenLines - 2, true);
-    } else {
-        console->ClearSelectableRect();
-    }
-}
-
 void ToggleSide(LoopState& state, int side) {
     TogglePanel(state.panels, side);
-    UpdateSelectableText(state);
     state.DrawAll();
 }
 
 void ToggleWidth(LoopState& state, int side) {
     TogglePanelWidth(state.panels, side);
-    UpdateSelectableText(state);
     state.DrawAll();
 }
 
@@ -93,7 +80,6 @@ void Swap(LoopState& state, const KeyPress&) {
 
 void TogglePanels(LoopState& state, const KeyPress&) {
     PanelsOnOff(state.panels);
-    UpdateSelectableText(state);
     state.DrawAll();
 }
 

@@ -61,8 +61,9 @@ void DrawLastLines(LoopState& state) {
 }
 
 void DrawPass(LoopState& state) {
-    const UpdateFreeze freeze;
+    // Not frozen: a slow read shows its progress, and a failing one its message.
     RefreshPanels(state.panels);
+    const UpdateFreeze freeze;
     if (settings.clock) MakeClockWindow();
     if (state.functionKeys->Top() != screenLines - 1) MakeFunctionKeyBar(state);
     KeepAShowingPanelActive(state);
