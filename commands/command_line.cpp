@@ -4,6 +4,7 @@
 
 #include "console/program_state.h"
 #include "foundation/settings.h"
+#include "ui/word_movement.h"
 
 namespace zt {
 
@@ -32,10 +33,14 @@ void CommandLine::Insert(wchar_t character) {
 }
 
 void CommandLine::Insert(const Westring& insertion) {
-    if (text.Length() + insertion.Length() > kMaxLength) return;
-    const Westring tail = text.Right(text.Length() - linePos);
-    text = text.Left(linePos) + insertion + tail;
-    linePos += insertion.Length();
+    Replace(linePos, linePos, insertion);
+}
+
+void CommandLine::Replace(int start, int end, const Westring& replacement) {
+    if (text.Length() - (end - start) + replacement.Length() > kMaxLength) return;
+    const Westring tail = text.Right(text.Length() - end);
+    text = text.Left(start) + replacement + tail;
+    linePos = start + replacement.Length();
 }
 
 void CommandLine::MoveTo(int position) {
@@ -51,6 +56,22 @@ void CommandLine::DeleteBackward() {
 void CommandLine::DeleteForward() {
     if (linePos == text.Length()) return;
     text = text.Left(linePos) + text.Right(text.Length() - linePos - 1);
+}
+
+void CommandLine::MoveWordLeft() {
+    linePos = WordLeft(text, linePos);
+}
+
+void CommandLine::MoveWordRight() {
+    linePos = WordRight(text, linePos);
+}
+
+void CommandLine::DeleteWordBackward() {
+    Replace(WordLeft(text, linePos), linePos, Westring());
+}
+
+void CommandLine::DeleteWordForward() {
+    Replace(linePos, WordRight(text, linePos), Westring());
 }
 
 void CommandLine::Draw(const Westring& prompt, int row) {

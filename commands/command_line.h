@@ -21,9 +21,17 @@ public:
     void Insert(wchar_t character);
     void Insert(const Westring& insertion);
 
+    // The part from `start` up to `end` becomes the text; the insertion point goes behind it. What
+    // does not fit changes nothing.
+    void Replace(int start, int end, const Westring& replacement);
+
     void MoveTo(int position);  // clamped to the text
     void DeleteBackward();
     void DeleteForward();
+    void MoveWordLeft();
+    void MoveWordRight();
+    void DeleteWordBackward();
+    void DeleteWordForward();
 
     // Draws prompt and text over the whole of `row`, in the colour class "Command Line".
     void Draw(const Westring& prompt, int row);

@@ -5,6 +5,7 @@
 #include "commands/directory_commands.h"
 #include "commands/line_commands.h"
 #include "commands/movement_commands.h"
+#include "commands/name_commands.h"
 #include "commands/option_commands.h"
 #include "commands/program_configuration.h"
 #include "commands/quit_command.h"
@@ -26,23 +27,23 @@ constexpr CommandRow kCommands[] = {
     {2, kNeedsNothing, nullptr},
     {3, kNeedsPanel | kNeedsNoArchive, nullptr},
     {4, kNeedsNothing, LineRightOrShiftName},
-    {5, kNeedsNothing, nullptr},
-    {0x1008D, kNeedsNothing, nullptr},
-    {6, kNeedsNothing, nullptr},
-    {0x20006, kNeedsNothing, nullptr},
-    {0x90021, kNeedsNothing, nullptr},
-    {0xB0021, kNeedsNothing, nullptr},
+    {5, kNeedsNothing, RecallOlder},
+    {0x1008D, kNeedsNothing, RecallOlder},
+    {6, kNeedsNothing, InsertFullPath},
+    {0x20006, kNeedsNothing, InsertFullPath},
+    {0x90021, kNeedsNothing, InsertFullPath},
+    {0xB0021, kNeedsNothing, InsertFullPath},
     {7, kNeedsFiles, GoToLinkTarget},
     {8, kNeedsNothing, ToggleHidden},
     {9, kNeedsNothing, SwitchPanelKey},
     {0x3000F, kNeedsNothing, SwitchPanelKey},
-    {0xA, kNeedsNothing, nullptr},
-    {0x3001C, kNeedsNothing, nullptr},
-    {0x9001C, kNeedsNothing, nullptr},
-    {0x90024, kNeedsNothing, nullptr},
-    {0xB001C, kNeedsNothing, nullptr},
-    {0xB0024, kNeedsNothing, nullptr},
-    {0x2000A, kNeedsNothing, nullptr},
+    {0xA, kNeedsNothing, CompleteLine},
+    {0x3001C, kNeedsNothing, CompleteLine},
+    {0x9001C, kNeedsNothing, CompleteLine},
+    {0x90024, kNeedsNothing, CompleteLine},
+    {0xB001C, kNeedsNothing, CompleteLine},
+    {0xB0024, kNeedsNothing, CompleteLine},
+    {0x2000A, kNeedsNothing, CompleteName},
     {0xB, kNeedsNothing, nullptr},
     {0xC, kNeedsNothing, nullptr},
     {0xD, kNeedsNothing, Enter},
@@ -56,8 +57,8 @@ constexpr CommandRow kCommands[] = {
     {0x20014, kNeedsFiles, nullptr},
     {0x15, kNeedsNothing, Swap},
     {0x17, kNeedsFiles | kNeedsNoArchive, nullptr},
-    {0x18, kNeedsNothing, nullptr},
-    {0x10091, kNeedsNothing, nullptr},
+    {0x18, kNeedsNothing, RecallNewer},
+    {0x10091, kNeedsNothing, RecallNewer},
     {0x19, kNeedsFiles, nullptr},
     {0x20019, kNeedsFiles, nullptr},
     {0x1B, kNeedsNothing, Escape},
@@ -68,7 +69,7 @@ constexpr CommandRow kCommands[] = {
     {0x1D, kNeedsNothing, InsertRightPath},
     {0x1F, kNeedsPanel, GoBackKey},
     // Command line and names
-    {0x7F, kNeedsNothing, nullptr},
+    {0x7F, kNeedsNothing, LineDeleteWordLeft},
     {0x1000E, kNeedsNothing, DropSearchCharacter},
     {0x1001C, kNeedsNothing, nullptr},
     // Function keys
@@ -112,8 +113,8 @@ constexpr CommandRow kCommands[] = {
     {0x10070, kNeedsNothing, ToggleLines},
     {0x10071, kNeedsNothing, nullptr},
     // Ctrl and movement keys
-    {0x10073, kNeedsNothing, nullptr},
-    {0x10074, kNeedsNothing, nullptr},
+    {0x10073, kNeedsNothing, LineWordLeft},
+    {0x10074, kNeedsNothing, LineWordRight},
     {0x10075, kNeedsNothing, LineEnd},
     {0x10076, kNeedsFiles, EnterCurrent},
     {0x10077, kNeedsNothing, LineHome},
@@ -123,7 +124,7 @@ constexpr CommandRow kCommands[] = {
     {0x10090, kNeedsFiles, nullptr},
     {0x30090, kNeedsFiles, nullptr},
     {0x10092, kNeedsNothing, CopyLine},
-    {0x10093, kNeedsNothing, nullptr},
+    {0x10093, kNeedsNothing, LineDeleteWordRight},
     {0x10094, kNeedsNothing, nullptr},
     // Alt and movement keys
     {0x10097, kNeedsPanel, GoHome},

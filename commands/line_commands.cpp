@@ -1,8 +1,12 @@
 #include "commands/line_commands.h"
 
+#include "commands/name_commands.h"
+#include "commands/view_commands.h"
 #include "console/event.h"
 #include "console/program_state.h"
+#include "foundation/settings.h"
 #include "panels/cursor_movement.h"
+#include "ui/clipboard_line.h"
 
 namespace zt {
 
@@ -15,27 +19,6 @@ void AfterEdit(LoopState& state) {
 void ShiftNameBy(LoopState& state, int delta) {
     ShiftName(state.Active(), delta);
     state.drawCursorBar = true;
-}
-
-void InsertPath(LoopState& state, int side) {
-    Westring path = state.panels.panel[side].path;
-    path.AddTrailingSlash();
-    state.line.Insert(path);
-    AfterEdit(state);
-}
-
-// The line is one line: what would end it or move the screen becomes a blank, and the last line
-// ends are dropped.
-Westring AsOneLine(const Westring& text) {
-    Westring result = text;
-    while (!result.IsEmpty() &&
-           (result[result.Length() - 1] == L'\n' || result[result.Length() - 1] == L'\r')) {
-        result = result.DropRight(1);
-    }
-    for (int i = 0; i < result.Length(); i++) {
-        if (result[i] < L' ') result.SetAt(i, L' ');
-    }
-    return result;
 }
 
 }  // namespace
@@ -72,25 +55,50 @@ void LineRightOrShiftName(LoopState& state, const KeyPress&) {
     AfterEdit(state);
 }
 
+void LineWordLeft(LoopState& state, const KeyPress&) {
+    state.line.MoveWordLeft();
+    AfterEdit(state);
+}
+
+void LineWordRight(LoopState& state, const KeyPress&) {
+    state.line.MoveWordRight();
+    AfterEdit(state);
+}
+
+void LineDeleteWordLeft(LoopState& state, const KeyPress&) {
+    state.line.DeleteWordBackward();
+    AfterEdit(state);
+}
+
+void LineDeleteWordRight(LoopState& state, const KeyPress&) {
+    state.line.DeleteWordForward();
+    AfterEdit(state);
+}
+
+void RecallOlder(LoopState& state, const KeyPress&) {
+    state.history.RecallOlder(state.line);
+    AfterEdit(state);
+}
+
+void RecallNewer(LoopState& state, const KeyPress&) {
+    state.history.RecallNewer(state.line);
+    AfterEdit(state);
+}
+
 void CopyLine(LoopState& state, const KeyPress&) {
     console->SetClipboardText(state.line.Text());
 }
 
 void PasteLine(LoopState& state, const KeyPress&) {
-    Westring text;
-    if (!console->GetClipboardText(text)) return;
-    text = AsOneLine(text);
+    const Westring text = ClipboardLine();
     if (state.line.Text().Length() + text.Length() >= CommandLine::kMaxLength) return;
     state.line.Insert(text);
     AfterEdit(state);
 }
 
-void InsertRightPath(LoopState& state, const KeyPress&) {
-    InsertPath(state, 1);
-}
-
 void Escape(LoopState& state, const KeyPress& key) {
-    if (key.modifiers & kModifierCtrl) return InsertPath(state, 0);
+    if (key.modifiers & kModifierCtrl) return InsertLeftPath(state, key);
+    if (state.line.IsEmpty() && settings.escPanelSwitch) return TogglePanels(state, key);
     state.line.Clear();
     state.Active().searchText.Clear();
     AfterEdit(state);

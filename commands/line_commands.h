@@ -14,9 +14,13 @@ void LineLeftOrShiftName(LoopState& state, const KeyPress& key);
 void LineRightOrShiftName(LoopState& state, const KeyPress& key);
 void CopyLine(LoopState& state, const KeyPress& key);
 void PasteLine(LoopState& state, const KeyPress& key);
-// The right panel's path with a trailing slash goes in at the insertion point.
-void InsertRightPath(LoopState& state, const KeyPress& key);
-// Esc clears the line; Ctrl with it inserts the left panel's path.
+void LineWordLeft(LoopState& state, const KeyPress& key);
+void LineWordRight(LoopState& state, const KeyPress& key);
+void LineDeleteWordLeft(LoopState& state, const KeyPress& key);
+void LineDeleteWordRight(LoopState& state, const KeyPress& key);
+void RecallOlder(LoopState& state, const KeyPress& key);
+void RecallNewer(LoopState& state, const KeyPress& key);
+// Clears the line and the quick search; on an empty line it may switch the panels off and on.
 void Escape(LoopState& state, const KeyPress& key);
 void DropSearchCharacter(LoopState& state, const KeyPress& key);
 

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "commands/command_history.h"
 #include "commands/command_line.h"
 #include "console/read_key.h"
 #include "panels/panel_pair.h"
@@ -29,6 +30,7 @@ struct KeyPress {
 struct LoopState {
     PanelPair panels;
     CommandLine line;
+    CommandHistory history;
     bool drawCursorBar = true;
     int drawLine = kDrawLineBarAndTitle;
     int carriedKey = 0;  // a key that an inner loop has read and the next pass handles

@@ -6,12 +6,14 @@
 
 namespace zt {
 
-void UpKey(LoopState& state, const KeyPress&) {
+void UpKey(LoopState& state, const KeyPress& key) {
+    if (state.bothPanelsOff) return RecallOlder(state, key);
     state.Active().searchText.Clear();
     MoveCursor(state.Active(), -1);
 }
 
-void DownKey(LoopState& state, const KeyPress&) {
+void DownKey(LoopState& state, const KeyPress& key) {
+    if (state.bothPanelsOff) return RecallNewer(state, key);
     state.Active().searchText.Clear();
     MoveCursor(state.Active(), 1);
 }

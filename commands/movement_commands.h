@@ -5,6 +5,7 @@
 
 namespace zt {
 
+// With both panels off these two recall earlier commands.
 void UpKey(LoopState& state, const KeyPress& key);
 void DownKey(LoopState& state, const KeyPress& key);
 void PageUpKey(LoopState& state, const KeyPress& key);

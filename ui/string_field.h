@@ -54,8 +54,6 @@ private:
     void ClearSelection() { hasSelection = false; }
     void SelectWord();
     void CopySelection() const;
-    int WordLeft(int from) const;
-    int WordRight(int from) const;
     void ScrollToCursor();
     void DrawText() const;
     void OpenHistory();

@@ -3,12 +3,12 @@
 
 #include "console/key_codes.h"
 #include "console/program_state.h"
-#include "foundation/settings.h"
 #include "ui/clipboard_line.h"
 #include "ui/dialog.h"
 #include "ui/field_history.h"
 #include "ui/string_field.h"
 #include "ui/word_characters.h"
+#include "ui/word_movement.h"
 
 namespace zt {
 
@@ -88,11 +88,11 @@ bool StringField::HandleMoveKey(int key) {
     switch (key) {
         case kKeyCtrlLeft:
         case kKeyCtrlShiftLeft:
-            cursor = WordLeft(cursor);
+            cursor = WordLeft(*value, cursor);
             return true;
         case kKeyCtrlRight:
         case kKeyCtrlShiftRight:
-            cursor = WordRight(cursor);
+            cursor = WordRight(*value, cursor);
             return true;
         case kKeyHome:
         case kKeyShiftHome:
@@ -157,11 +157,11 @@ bool StringField::HandleClipboardKey(int key, bool untouched) {
 bool StringField::HandleDeleteKey(int key) {
     switch (key) {
         case kKeyCtrlBackspace:
-            DeleteRange(WordLeft(cursor), cursor);
+            DeleteRange(WordLeft(*value, cursor), cursor);
             return true;
         case kKeyCtrlDelete: {
             const int from = cursor;
-            DeleteRange(from, WordRight(from));
+            DeleteRange(from, WordRight(*value, from));
             return true;
         }
         case kKeyDelete:
@@ -191,30 +191,6 @@ void StringField::SelectWord() {
     selectionAtStart = false;
     hasSelection = from < to;
     if (hasSelection) cursor = to;
-}
-
-int StringField::WordLeft(int from) const {
-    while (from > 0 && !IsFieldWordChar((*value)[from - 1]))
-        --from;
-    while (from > 0 && IsFieldWordChar((*value)[from - 1]))
-        --from;
-    return from;
-}
-
-// Briefly: behind the word at hand, or the next one. Otherwise: to where the next word begins.
-int StringField::WordRight(int from) const {
-    const int length = value->Length();
-    if (settings.briefWordRight) {
-        while (from < length && !IsFieldWordChar((*value)[from]))
-            ++from;
-    }
-    while (from < length && IsFieldWordChar((*value)[from]))
-        ++from;
-    if (!settings.briefWordRight) {
-        while (from < length && !IsFieldWordChar((*value)[from]))
-            ++from;
-    }
-    return from;
 }
 
 int StringField::HandleMouse(const DialogEvent& event) {

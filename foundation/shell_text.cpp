@@ -1,0 +1,34 @@
+#include "foundation/shell_text.h"
+
+namespace zt {
+
+namespace {
+
+constexpr wchar_t kSpecial[] = L" !$~`[]{}()\\'\"<>&|;#";
+
+Westring Quoted(const Westring& text) {
+    Westring quoted = L"'";
+    for (int i = 0; i < text.Length(); i++) {
+        if (text[i] == L'\'') {
+            quoted += L"'\\''";
+        } else {
+            quoted += static_cast<wchar_t>(text[i]);
+        }
+    }
+    return quoted + L"'";
+}
+
+}  // namespace
+
+Westring ShellEscape(const Westring& text) {
+    if (text.Find(L'\n') >= 0) return Quoted(text);
+    Westring escaped(text.Length());
+    const Westring special = kSpecial;
+    for (int i = 0; i < text.Length(); i++) {
+        if (special.Find(text[i]) >= 0) escaped += L'\\';
+        escaped += static_cast<wchar_t>(text[i]);
+    }
+    return escaped;
+}
+
+}  // namespace zt
