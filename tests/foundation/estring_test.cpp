@@ -89,6 +89,10 @@ TEST(EstringStorage, SurvivesPiecesOfItself) {
     Estring text("abcdefghijklmnopqrst");
     text += text;
     EXPECT_STREQ(text.c_str(), "abcdefghijklmnopqrstabcdefghijklmnopqrst");
+    Estring doubled(text);
+    doubled += doubled;  // from a block that goes into one that comes
+    EXPECT_EQ(doubled.Length(), 80);
+    EXPECT_STREQ(doubled.Mid(40, 20).c_str(), "abcdefghijklmnopqrst");
     text += text.c_str() + 38;
     EXPECT_STREQ(text.Right(4).c_str(), "stst");
     text = text.c_str() + 40;

@@ -51,6 +51,7 @@ TEST(Pool, RefusesMoreThanABlockCanCount) {
     MemoryPool pool;
     EXPECT_EQ(pool.Allocate(size_t{1} << 31), nullptr);
     EXPECT_EQ(pool.Allocate(std::numeric_limits<size_t>::max()), nullptr);
+    pool.Allocate(1);
     EXPECT_EQ(pool.AllocateAligned(std::numeric_limits<size_t>::max(), 8), nullptr);
     EXPECT_NE(pool.Allocate(10), nullptr) << "it goes on all the same";
 }

@@ -185,32 +185,41 @@ TEST(SortedListSort, IsNotStable) {
     EXPECT_NE(InOrder(list), (Pairs{{1, 0}, {1, 1}, {1, 2}}));
 }
 
-// An order of n keys that makes every middle item the smallest of its range.
-std::vector<int> WorstOrder(int n) {
+// An order of n keys in which every middle item is the smallest of its range, or the greatest.
+std::vector<int> WorstOrder(int n, bool smallest) {
+    auto at = [](std::vector<int>& list, int index) -> int& {
+        return list[static_cast<size_t>(index)];
+    };
     std::vector<int> keys(static_cast<size_t>(n));
     std::vector<int> places(static_cast<size_t>(n));
     for (int i = 0; i < n; i++)
-        places[static_cast<size_t>(i)] = i;
-    for (int low = 0; low < n; low++) {
-        auto middle = static_cast<size_t>((low + n - 1) / 2);
-        keys[static_cast<size_t>(places[middle])] = low;
-        std::swap(places[middle], places[static_cast<size_t>(low)]);
+        at(places, i) = i;
+    for (int done = 0; done < n; done++) {
+        int low = smallest ? done : 0;
+        int high = smallest ? n - 1 : n - 1 - done;
+        int middle = (low + high) / 2;
+        at(keys, at(places, middle)) = smallest ? low : high;
+        std::swap(at(places, middle), at(places, low));
+        if (!smallest) std::swap(at(places, low), at(places, high));
     }
     return keys;
 }
 
-TEST(SortedListSort, SurvivesTheWorstOrder) {
-    // Calls for both sides would go as deep as this order is long, 48 bytes each at the least.
+TEST(SortedListSort, SurvivesTheWorstOrders) {
+    // Calls for both sides would go as deep as the order is long, 48 bytes each at the least.
     const int kItems = 5000;
     const uintptr_t kStackBytes = 64 * 1024;
-    std::vector<Item> items = ItemsWithKeys(WorstOrder(kItems));
-    ItemList list;
-    FillInBulk(list, items);
-    list.Sort();
-    for (int i = 0; i < kItems; i++)
-        ASSERT_EQ(list.Peek(i)->key, i);
-    EXPECT_GT(list.comparisons, static_cast<long>(kItems) * kItems / 4) << "the order is no worst";
-    EXPECT_LT(reinterpret_cast<uintptr_t>(__builtin_frame_address(0)) - list.deepest, kStackBytes);
+    for (bool smallest : {true, false}) {
+        std::vector<Item> items = ItemsWithKeys(WorstOrder(kItems, smallest));
+        ItemList list;
+        FillInBulk(list, items);
+        list.Sort();
+        for (int i = 0; i < kItems; i++)
+            ASSERT_EQ(list.Peek(i)->key, i);
+        EXPECT_GT(list.comparisons, static_cast<long>(kItems) * kItems / 4) << "not the worst";
+        auto here = reinterpret_cast<uintptr_t>(__builtin_frame_address(0));
+        EXPECT_LT(here - list.deepest, kStackBytes);
+    }
 }
 
 TEST(SortedListSort, SortsManyInUsualTime) {

@@ -280,6 +280,9 @@ TEST_F(StdFileTest, SeekWithinTheBufferMovesNoDescriptor) {
     EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 4096);
     EXPECT_EQ(file.Seek(4000), 0);
     EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 4096);
+    EXPECT_EQ(file.Seek(4096), 0);
+    EXPECT_EQ(file.Seek(0), 0) << "the buffer still holds the start";
+    EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 4096);
     EXPECT_EQ(file.Seek(5000), 0);
     EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 5000);
 }
@@ -351,7 +354,7 @@ TEST_F(StdFileTest, TurnsLineFeedsOnlyInTextMode) {
 }
 
 TEST_F(StdFileTest, ReadsLines) {
-    Make(std::string("one\r\n\ntwo\0three\nlong line\nlast", 31));
+    Make(std::string("one\r\n\ntwo\0three\nlong line\nlast", 30));
     StdFile file;
     EXPECT_EQ(file.Open(path.c_str(), 0), 0);
     char line[8];

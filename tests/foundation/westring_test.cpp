@@ -46,7 +46,10 @@ TEST(WestringStorage, SurvivesPiecesOfItself) {
     Westring text(L"abcdefghijklmnopqrst");
     text += text;
     EXPECT_STREQ(text.c_str(), L"abcdefghijklmnopqrstabcdefghijklmnopqrst");
-    text = text.c_str() + 38;
+    text += text;  // from a block that goes into one that comes
+    EXPECT_EQ(text.Length(), 80);
+    EXPECT_STREQ(text.Mid(40, 20).c_str(), L"abcdefghijklmnopqrst");
+    text = text.c_str() + 78;
     EXPECT_STREQ(text.c_str(), L"st");
     text.ReplaceAll(text, text);
     EXPECT_STREQ(text.c_str(), L"st");
