@@ -1,5 +1,6 @@
 #include "foundation/sorted_object_list.h"
 
+#include <memory>
 #include <utility>
 
 namespace zt {
@@ -52,26 +53,30 @@ void* SortedObjectList::FindNotGreater(const void* key) {
     return index >= 0 ? At(index) : nullptr;
 }
 
+// Each key is asked for once: in a long list, most of the time of a comparison is the way to it.
 void SortedObjectList::Sort() {
-    SortRange(0, count - 1);
+    auto keyed = std::make_unique<KeyedItem[]>(static_cast<size_t>(count));
+    for (int i = 0; i < count; i++)
+        keyed[i] = {KeyOf(items[i]), items[i]};
+    SortRange(keyed.get(), 0, count - 1);
+    for (int i = 0; i < count; i++)
+        items[i] = keyed[i].item;
 }
 
 // The smaller side is sorted by a call and the larger one in the loop, so that the depth of calls
 // stays below 32 whatever the order of the items; the sides do not touch each other.
-void SortedObjectList::SortRange(int low, int high) {
+void SortedObjectList::SortRange(KeyedItem* keyed, int low, int high) {
     while (low < high) {
         if (low + 1 == high) {
-            if (Compare(KeyOf(items[low]), KeyOf(items[high])) > 0) {
-                std::swap(items[low], items[high]);
-            }
+            if (Compare(keyed[low].key, keyed[high].key) > 0) std::swap(keyed[low], keyed[high]);
             return;
         }
-        int middle = Partition(low, high);
+        int middle = Partition(keyed, low, high);
         if (middle - low < high - middle) {
-            SortRange(low, middle - 1);
+            SortRange(keyed, low, middle - 1);
             low = middle + 1;
         } else {
-            SortRange(middle + 1, high);
+            SortRange(keyed, middle + 1, high);
             high = middle - 1;
         }
     }
@@ -80,30 +85,29 @@ void SortedObjectList::SortRange(int low, int high) {
 // Puts the middle item into its place within low..high, with no greater one before it and no
 // smaller one behind it, and gives that place. Items that are out of order among equals end where
 // exactly this sequence of swaps leaves them.
-int SortedObjectList::Partition(int low, int high) {
-    std::swap(items[low], items[low + (high - low) / 2]);
-    void* pivot = items[low];
-    const void* pivotKey = KeyOf(pivot);
+int SortedObjectList::Partition(KeyedItem* keyed, int low, int high) {
+    std::swap(keyed[low], keyed[low + (high - low) / 2]);
+    const KeyedItem pivot = keyed[low];
     int i = low + 1;
     int j = high;
     bool leftStops = false;
     bool rightStops = false;
     while (j >= i) {
         if (!leftStops) {
-            leftStops = Compare(KeyOf(items[i]), pivotKey) >= 0;
+            leftStops = Compare(keyed[i].key, pivot.key) >= 0;
             if (!leftStops) i++;
         }
         if (!rightStops) {
-            rightStops = Compare(KeyOf(items[j]), pivotKey) <= 0;
+            rightStops = Compare(keyed[j].key, pivot.key) <= 0;
             if (!rightStops) j--;
         }
         if (leftStops && rightStops) {
-            std::swap(items[i++], items[j--]);
+            std::swap(keyed[i++], keyed[j--]);
             leftStops = rightStops = false;
         }
     }
-    items[low] = items[i - 1];
-    items[i - 1] = pivot;
+    keyed[low] = keyed[i - 1];
+    keyed[i - 1] = pivot;
     return i - 1;
 }
 

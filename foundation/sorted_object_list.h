@@ -27,8 +27,12 @@ protected:
     virtual int Compare(const void* keyA, const void* keyB) = 0;  // negative, 0 or positive
 
 private:
-    void SortRange(int low, int high);
-    int Partition(int low, int high);
+    struct KeyedItem {
+        const void* key;
+        void* item;
+    };
+    void SortRange(KeyedItem* keyed, int low, int high);
+    int Partition(KeyedItem* keyed, int low, int high);
 };
 
 // The typed operations on keys that the two sorted templates share.
