@@ -55,10 +55,11 @@ void* SortedObjectList::FindNotGreater(const void* key) {
 
 // Each key is asked for once: in a long list, most of the time of a comparison is the way to it.
 void SortedObjectList::Sort() {
-    auto keyed = std::make_unique<KeyedItem[]>(static_cast<size_t>(count));
+    auto block = std::make_unique<KeyedItem[]>(static_cast<size_t>(count));
+    KeyedItem* keyed = block.get();
     for (int i = 0; i < count; i++)
         keyed[i] = {KeyOf(items[i]), items[i]};
-    SortRange(keyed.get(), 0, count - 1);
+    SortRange(keyed, 0, count - 1);
     for (int i = 0; i < count; i++)
         items[i] = keyed[i].item;
 }
