@@ -29,11 +29,15 @@ uint32_t ValidCharacter(uint32_t code) {
     return shown;
 }
 
+uint32_t CellGlyph(uint32_t code) {
+    if (code >= 32 && code < 0xD800) return code;
+    return ControlGlyph(ValidCharacter(code));
+}
+
 uint32_t ShownGlyph(uint32_t code) {
     if (code >= 32 && code < 127) return code;
-    const uint32_t valid = ValidCharacter(code);
-    if (valid >= 127 && valid <= 159) return kHouse;
-    return ControlGlyph(valid);
+    const uint32_t glyph = CellGlyph(code);
+    return glyph >= 127 && glyph <= 159 ? kHouse : glyph;
 }
 
 }  // namespace zt

@@ -19,7 +19,11 @@ uint32_t ControlGlyph(uint32_t code);
 // here", and so cannot be taken for a control code, which shows as a glyph or as U+2302.
 uint32_t ValidCharacter(uint32_t code);
 
-// Both of the above, and U+2302 for the codes 127 to 159. The result is always safe to paint: no
+// Both of the above. What it gives stays as it is when it is written again, so a part of the
+// screen that is read and put back does not change.
+uint32_t CellGlyph(uint32_t code);
+
+// The same for text, with U+2302 for the codes 127 to 159. The result is always safe to paint: no
 // line break, no end mark, and it has a UTF-8 form of 1 to 4 bytes.
 uint32_t ShownGlyph(uint32_t code);
 

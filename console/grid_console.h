@@ -5,7 +5,8 @@
 // One mutex guards the grid. It is held for the length of a memory copy and no longer, so neither
 // the thread that draws nor the thread that paints ever waits for the other's work. Whatever the
 // callers hand in, every cell of the grid holds a character that can be painted
-// (code_page_437.h: ShownGlyph; FillChar alone lets the codes 127 to 159 through as they are).
+// (code_page_437.h: ShownGlyph for text; FillChar and WriteCells let the codes 127 to 159 through
+// as they are, so that what was read from the grid goes back unchanged).
 #pragma once
 
 #include <memory>

@@ -73,7 +73,7 @@ void GridConsole::WriteCells(int column, int row, int width, int height, const C
     for (int y = rect.top; y < rect.bottom; y++) {
         const Cell* line = source + static_cast<int64_t>(y - row) * width + (rect.left - column);
         changed = Around(changed, StoreRow(rect.left, y, rect.right - rect.left, [&](int i) {
-                             return Cell{ShownGlyph(line[i].character), line[i].attribute};
+                             return Cell{CellGlyph(line[i].character), line[i].attribute};
                          }));
     }
     MarkChanged(changed);
@@ -136,8 +136,7 @@ void GridConsole::SetAttributes(int column, int row, int count, Attribute attrib
 
 void GridConsole::FillChar(int column, int row, int count, Cell cell) {
     Guard guard(gridLock);
-    const uint32_t character = ControlGlyph(ValidCharacter(cell.character));
-    const Cell shown{character, cell.attribute};
+    const Cell shown{CellGlyph(cell.character), cell.attribute};
     WriteRun(column, row, count, [&](int) { return shown; });
 }
 

@@ -29,10 +29,14 @@ TEST_F(GridWritersTest, StartsBlankInAttributeSeven) {
         }
     }
     EXPECT_EQ(console.GetFillAttribute(), 0x07);
+    EXPECT_EQ(console.GetCursorSize(), 0);
     int columns, rows;
     console.GetSize(columns, rows);
     EXPECT_EQ(columns, 10);
     EXPECT_EQ(rows, 4);
+    console.GetCursor(columns, rows);
+    EXPECT_EQ(columns, 0);
+    EXPECT_EQ(rows, 0);
 }
 
 struct WideCase {
@@ -116,8 +120,8 @@ TEST_F(GridWritersTest, ShowsTheBareBytesInAnUnknownCodePage) {
 
 struct GlyphCase {
     uint32_t code;
-    uint32_t text;  // shown by the text writers
-    uint32_t fill;  // shown by FillChar
+    uint32_t text;   // shown by the text writers
+    uint32_t cells;  // shown by FillChar and WriteCells
 };
 
 // 127 to 159 are the house in texts only; what is no character is U+FFFD everywhere.
@@ -167,8 +171,8 @@ TEST_F(GridWritersTest, ShowsCodesOfAllKindsAsGlyphs) {
         console.FillChar(3, 0, 1, cells[0]);
         EXPECT_EQ(console.CharacterAt(0, 0), c.text);
         EXPECT_EQ(console.CharacterAt(1, 0), c.text);
-        EXPECT_EQ(console.CharacterAt(2, 0), c.text);
-        EXPECT_EQ(console.CharacterAt(3, 0), c.fill);
+        EXPECT_EQ(console.CharacterAt(2, 0), c.cells);
+        EXPECT_EQ(console.CharacterAt(3, 0), c.cells);
     }
 }
 
@@ -344,14 +348,24 @@ TEST_F(GridWritersTest, BoundsWhatIsReadIntoACellString) {
     EXPECT_EQ(text.Length(), GridConsole::kLargestSide);
 }
 
-TEST_F(GridWritersTest, ReadsBackWhatItWroteUnchanged) {
+// What a window saves of the screen under it is there again when it goes.
+TEST_F(GridWritersTest, PutsBackWhatWasReadUnchanged) {
     for (const GlyphCase& c : kGlyphCases) {
-        const Cell cell{c.code, 0x35};
-        console.WriteCells(0, 0, 1, 1, &cell);
-        const std::unique_ptr<Cell[]> first(console.ReadCells(0, 0, 1, 1));
+        SCOPED_TRACE(testing::Message() << std::hex << c.code);
+        const wchar_t wide[] = {static_cast<wchar_t>(c.code), 0};
+        const Cell cells[] = {{c.code, 0x35}, {0, 0}};
+        console.WriteCells(0, 0, 1, 1, cells);
+        console.FillChar(1, 0, 1, cells[0]);
+        console.WriteCellString(2, 0, cells);
+        console.WriteWide(3, 0, wide, 0x35);
+        const std::unique_ptr<Cell[]> saved(console.ReadCells(0, 0, 4, 1));
         Painted();
-        console.WriteCells(0, 0, 1, 1, first.get());
-        EXPECT_EQ(Painted(), std::vector<CellRect>{}) << std::hex << c.code;
+        console.WriteCells(0, 0, 4, 1, saved.get());
+        EXPECT_EQ(Painted(), std::vector<CellRect>{});
+        console.FillRect(0, 0, 4, 1, 0x70);
+        console.WriteCells(0, 0, 4, 1, saved.get());
+        for (int i = 0; i < 4; i++)
+            EXPECT_EQ(console.CellAt(i, 0), saved[static_cast<size_t>(i)]) << i;
     }
 }
 
