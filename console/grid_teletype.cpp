@@ -9,14 +9,16 @@ namespace zt {
 
 namespace {
 
-// So many characters are put under one hold of the lock: even if each of them scrolls a large
-// grid, the painter waits less than a frame.
+// So many characters are put under one hold of the lock, so that the painter waits much less than
+// a frame.
 constexpr int kCharactersPerHold = 1024;
 
 }  // namespace
 
-// A stretch of output. Lives inside one hold of the grid's lock. What a row got is
-// stored as one run when the row is left, so that each row is painted once.
+// A stretch of output. Lives inside one hold of the grid's lock. What a row got is stored as one
+// run when the row is left, so that each row is painted once. The grid itself scrolls only at the
+// end, once for all lines: until then the rows that came in at the bottom are kept here, the one
+// with number n, counted from 0, at place n modulo the grid's rows.
 class GridConsole::Teletype {
 public:
     explicit Teletype(GridConsole& grid_)
@@ -49,6 +51,7 @@ public:
 
     void Finish() {
         StoreLine();
+        MoveGrid();
         grid.SetCursor(column, row);
     }
 
@@ -58,24 +61,56 @@ private:
         return character >= 32 && (character < 127 || character > 159);
     }
 
-    void StoreLine() { grid.WriteCells(0, row, grid.columns, 1, line.data()); }
+    Cell* Fresh(int number) {
+        return fresh.data() + static_cast<size_t>(number % grid.rows) * line.size();
+    }
+
+    void StoreLine() {
+        if (scrolled == 0) {
+            grid.WriteCells(0, row, grid.columns, 1, line.data());
+        } else {
+            std::copy(line.begin(), line.end(), Fresh(scrolled - 1));
+        }
+    }
 
     void NextRow() {
         StoreLine();
         column = 0;
         if (row + 1 < grid.rows) {
             row++;
+            std::copy_n(grid.RowCells(row), grid.columns, line.begin());
         } else {
-            if (grid.scrollBackSink) grid.scrollBackSink->LineLeft(grid.RowCells(0), grid.columns);
-            grid.Scroll(grid.WholeGrid(), 1, grid.fillAttribute);
+            ScrollLine();
         }
-        std::copy_n(grid.RowCells(row), grid.columns, line.begin());
+    }
+
+    void ScrollLine() {
+        if (grid.scrollBackSink) {
+            const Cell* leaving =
+                scrolled < grid.rows ? grid.RowCells(scrolled) : Fresh(scrolled - grid.rows);
+            grid.scrollBackSink->LineLeft(leaving, grid.columns);
+        }
+        if (scrolled < grid.rows) fresh.resize(fresh.size() + line.size());
+        if (scrolled == 0) blank.assign(line.size(), Cell{U' ', grid.fillAttribute});
+        scrolled++;
+        std::copy(blank.begin(), blank.end(), line.begin());
+    }
+
+    void MoveGrid() {
+        if (scrolled == 0) return;
+        const int count = std::min(scrolled, grid.rows);
+        grid.Scroll(grid.WholeGrid(), count, grid.fillAttribute);
+        for (int i = 0; i < count; i++)
+            grid.WriteCells(0, grid.rows - count + i, grid.columns, 1, Fresh(scrolled - count + i));
     }
 
     GridConsole& grid;
     int column;
     int row;
-    std::vector<Cell> line;  // the row that is being written
+    std::vector<Cell> line;   // the row that is being written
+    std::vector<Cell> blank;  // what a row that comes in holds
+    std::vector<Cell> fresh;  // rows that came in at the bottom
+    int scrolled = 0;         // how many
 };
 
 void GridConsole::WriteStream(const char* utf8) {

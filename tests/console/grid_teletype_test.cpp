@@ -113,6 +113,12 @@ TEST_F(TeletypeTest, KeepsWhatItDoesNotOverwrite) {
     EXPECT_EQ(console.AttributeAt(4, 1), 0x07);
 }
 
+TEST_F(TeletypeTest, KeepsTheCodesOfCellsBesideItsText) {
+    console.FillChar(5, 0, 1, Cell{0x80, 0x1E});
+    console.WriteStream("abc");
+    EXPECT_EQ(console.CellAt(5, 0), (Cell{0x80, 0x1E}));
+}
+
 TEST_F(TeletypeTest, HandsLeavingLinesToTheScrollBack) {
     Leaving leaving;
     console.SetScrollBackSink(&leaving);
@@ -154,6 +160,16 @@ TEST_F(TeletypeTest, KeepsTheCursorSize) {
     EXPECT_EQ(console.GetCursorSize(), 15);
 }
 
+// A cursor that is set again starts its blinking anew.
+TEST_F(TeletypeTest, LeavesACursorAloneThatEndsWhereItWas) {
+    console.WriteStream("");
+    console.WriteStream("\b\r\a");
+    console.WriteStream("abc\r");
+    EXPECT_EQ(console.cursorChanges, 0);
+    console.WriteStream("abc");
+    EXPECT_EQ(console.cursorChanges, 1);
+}
+
 TEST_F(TeletypeTest, StartsInsideTheGridWhereverTheCursorStands) {
     console.SetCursor(-5, -5);
     console.WriteStream("a");
@@ -179,6 +195,80 @@ TEST_F(TeletypeTest, GoesOnSeamlesslyInALongText) {
     }
     EXPECT_EQ(Trimmed(console.RowText(1)), "999");
     ExpectCursor(0, 2);
+}
+
+struct ScrollCase {
+    const char* text;
+    int lines;  // 0: no scrolling
+    const char* rows[3];
+};
+
+TEST_F(TeletypeTest, ScrollsOnceForAllLinesOfAText) {
+    const ScrollCase cases[] = {
+        {"1\n2\n3", 0, {"1", "2", "3"}},
+        {"1\n2\n3\n", 1, {"2", "3", ""}},
+        {"1\n2\n3\n4\n5", 2, {"3", "4", "5"}},
+        {"1\n2\n3\n4\n5\n6", 3, {"4", "5", "6"}},
+        {"1\n2\n3\n4\n5\n6\n7\n8\n9\n", 3, {"8", "9", ""}},
+    };
+    console.takesMoves = true;
+    for (const ScrollCase& c : cases) {
+        SCOPED_TRACE(c.text);
+        console.Resize(20, 3, nullptr, 0);
+        console.SetCursor(0, 0);
+        console.ForgetRecords();
+        console.WriteStream(c.text);
+        ASSERT_EQ(console.moves.size(), c.lines > 0 ? 1u : 0u);
+        if (c.lines > 0) {
+            EXPECT_EQ(console.moves[0].lines, c.lines);
+            EXPECT_EQ(console.moves[0].rect, (CellRect{0, 0, 20, 3}));
+        }
+        for (int row = 0; row < 3; row++)
+            EXPECT_EQ(Trimmed(console.RowText(row)), c.rows[row]) << row;
+    }
+}
+
+struct GridSize {
+    int columns, rows;
+};
+
+// Whether a text comes in one piece or in many makes no difference to anything.
+TEST_F(TeletypeTest, GivesTheSameInOnePieceAsInSingleCharacters) {
+    const char alphabet[] = {'a', 'b', 'c', 'd', '\n', '\n', '\r', '\t', '\b', 'e'};
+    uint32_t random = 12345;
+    std::string text;
+    for (int i = 0; i < 3000; i++) {
+        random = random * 1664525u + 1013904223u;
+        text += alphabet[(random >> 16) % sizeof(alphabet)];
+    }
+    for (const GridSize size : {GridSize{20, 3}, {5, 1}, {1, 1}, {1, 4}, {9, 40}}) {
+        SCOPED_TRACE(testing::Message() << size.columns << " x " << size.rows);
+        FakeConsole whole(size.columns, size.rows);
+        FakeConsole pieces(size.columns, size.rows);
+        Leaving fromWhole, fromPieces;
+        whole.SetScrollBackSink(&fromWhole);
+        pieces.SetScrollBackSink(&fromPieces);
+        for (GridConsole* grid : {&whole, &pieces}) {
+            for (int row = 0; row < size.rows; row++)
+                grid->WriteWide(0, row, L"what was there before", 0x1E);
+            grid->SetFillAttribute(0x2F);
+            grid->SetCursor(2, size.rows / 2);
+        }
+        whole.WriteStream(text.c_str());
+        for (const char ch : text)
+            pieces.WriteStream(std::string(1, ch).c_str());
+        EXPECT_EQ(fromWhole.lines, fromPieces.lines);
+        EXPECT_GT(fromWhole.lines.size(), 100u);
+        int column, row, otherColumn, otherRow;
+        whole.GetCursor(column, row);
+        pieces.GetCursor(otherColumn, otherRow);
+        EXPECT_EQ(column, otherColumn);
+        EXPECT_EQ(row, otherRow);
+        for (int y = 0; y < size.rows; y++) {
+            for (int x = 0; x < size.columns; x++)
+                ASSERT_EQ(whole.CellAt(x, y), pieces.CellAt(x, y)) << x << ", " << y;
+        }
+    }
 }
 
 TEST_F(TeletypeTest, PaintsEachRowOnce) {
