@@ -48,6 +48,18 @@ TEST(CellStringTest, DecodesUtf8IntoOneCellACharacter) {
     EXPECT_EQ(text.At(3).attribute, 0x1E);
 }
 
+TEST(CellStringTest, TakesWideText) {
+    const CellString plain(L"\x20AC!", 0x4E);
+    ASSERT_EQ(plain.Length(), 2);
+    EXPECT_EQ(plain.At(0), (Cell{0x20AC, 0x4E}));
+    const CellString text(Westring("\xE2\x82\xAC!"), 0x4E);
+    ASSERT_EQ(text.Length(), 2);
+    EXPECT_EQ(text.At(1), (Cell{U'!', 0x4E}));
+    EXPECT_EQ(text.DefaultAttribute(), 0x4E);
+    EXPECT_EQ(CellString(static_cast<const wchar_t*>(nullptr), 7).Length(), 0);
+    EXPECT_EQ(CellString(static_cast<const char*>(nullptr), 7).Length(), 0);
+}
+
 TEST(CellStringTest, TakesBytesOneByOne) {
     CellString text = CellString::FromBytes("\xC3\xA9", 3);
     ASSERT_EQ(text.Length(), 2);

@@ -144,6 +144,30 @@ TEST_F(InputRoutingTest, SelectsTextWithTheLeftButton) {
     ExpectQueued(EventKind::kButtonRelease, 1, 0, 8, 1);
 }
 
+TEST_F(InputRoutingTest, AClickWithoutMotionSelectsNothing) {
+    console.WriteWide(0, 1, L"some text", 7);
+    console.SetSelectableRect(0, 0, 10, 2, true);
+    EXPECT_EQ(RoutePress(console, queue, PointerInput{5, 1, 0, 1}, false), Routing::kSelection);
+    EXPECT_FALSE(console.Selected(5, 1));
+    EXPECT_EQ(RouteRelease(console, queue, PointerInput{5, 1, 0x100, 1}, selected, hasText),
+              Routing::kQueued);
+    EXPECT_FALSE(hasText);
+    ExpectQueued(EventKind::kButtonRelease, 1, 0, 5, 1);
+}
+
+TEST_F(InputRoutingTest, QueuesMotionOutsideTheSelectablePart) {
+    console.WriteWide(0, 1, L"some text", 7);
+    console.SetSelectableRect(0, 0, 10, 2, true);
+    RoutePress(console, queue, PointerInput{5, 1, 0, 1}, false);
+    RouteMotion(console, queue, PointerInput{6, 1, 0x100, 0});
+    EXPECT_EQ(RouteMotion(console, queue, PointerInput{8, 2, 0x100, 0}), Routing::kQueued);
+    ExpectQueued(EventKind::kMotion, 1, 0, 8, 2);
+    EXPECT_TRUE(console.Selected(6, 1));
+    EXPECT_FALSE(console.Selected(8, 1));
+    RouteRelease(console, queue, PointerInput{8, 2, 0x100, 1}, selected, hasText);
+    EXPECT_STREQ(selected.c_str(), L"te");
+}
+
 TEST_F(InputRoutingTest, SelectsTextWhileATerminalIsAttached) {
     console.SetTerminalSink(&terminal);
     console.WriteWide(0, 1, L"some text", 7);

@@ -118,6 +118,12 @@ TEST_F(KeyTranslationTest, BreakAsksForAnAbortWhereOneIsPossible) {
     EXPECT_EQ(abortState, kAbortRequested);
 }
 
+TEST_F(KeyTranslationTest, LettingGoOfBreakCountsLikeThePress) {
+    abortState = kAbortPossible;
+    EXPECT_EQ(TranslateKey({kBreak, kCtrl, 127, false, 0}).outcome, kDropped);
+    EXPECT_EQ(abortState, kAbortRequested);
+}
+
 TEST_F(KeyTranslationTest, BreakDoesNothingOtherwise) {
     modifiersLive = kModifierAlt;
     EXPECT_EQ(TranslateKey({kBreak, kCtrl, 127, true, 0}).outcome, kDropped);
