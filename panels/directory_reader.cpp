@@ -49,7 +49,11 @@ public:
     void Run();
 
 private:
+    // True when the other panel's list is just what a read would give.
+    bool CanTakeOver() const;
+    void TakeOver();
     void FindFileSystem();
+    bool ReadFromDisk();
     void SetOldListAside();
     // False when the reading ends here: the error is shown, or the panel is already elsewhere.
     bool TakeFirst(entry*& found);
@@ -162,10 +166,13 @@ void DirectoryRead::ReadEntries(entry* found) {
     const AbortScope abortable;
     // Thousands of subdirectories are put in order once, not one by one.
     panel_.subdirectories.bulkMode = true;
-    while (found) {
+    int result = found ? kDone : kNoMoreEntries;
+    while (result == kDone) {
         Take(*found);
-        if (AbortScope::Asked() || scanner_->Next(found) != kDone) break;
+        if (AbortScope::Asked()) break;
+        result = scanner_->Next(found);
     }
+    panel_.readWhole = result == kNoMoreEntries;
     panel_.subdirectories.bulkMode = false;
     panel_.subdirectories.Sort();
 }
@@ -214,6 +221,52 @@ void DirectoryRead::PlaceCursorAgain() {
     if (!rememberedName_.IsEmpty()) FindName(panel_, rememberedName_.c_str());
 }
 
+bool DirectoryRead::CanTakeOver() const {
+    const CPanel& other = panel_.Other();
+    const bool isSameList =
+        other.showing && other.IsFiles() && !other.IsTree() && SamePath(other.path, panel_.path) &&
+        SamePath(other.readPath, panel_.path) && SamePath(other.filter, panel_.filter);
+    const bool hasDiskOrder = other.sort % kReversed == kSortUnsorted;
+    const bool wantsDiskOrder = panel_.sort % kReversed == kSortUnsorted;
+    return panel_.pair->sharesReads && isSameList && other.readWhole && !other.needRead &&
+           !other.archive && !panel_.archive && hasDiskOrder == wantsDiskOrder;
+}
+
+void DirectoryRead::TakeOver() {
+    CPanel& other = panel_.Other();
+    for (int i = 0; i < other.Count(); ++i) {
+        entry* kept = panel_.entries.Append(*other.entries.At(i));
+        if (!kept) break;
+        kept->tagged = kept->wasTagged = 0;
+    }
+    panel_.subdirectories.bulkMode = true;
+    for (int i = 0; i < other.subdirectories.Count(); ++i) {
+        panel_.subdirectories.AddCopy(*other.subdirectories.Peek(i));
+    }
+    panel_.subdirectories.bulkMode = false;
+    panel_.readWhole = true;
+    if (panel_.sort != other.sort) {
+        SortEntries(panel_, panel_.sort, panel_.entries.Items(), panel_.Count());
+    }
+}
+
+// False when the reading has ended early.
+bool DirectoryRead::ReadFromDisk() {
+    progress_ = std::make_unique<DirReadProgress>(panel_.entries.CountAddress());
+    if (panel_.archive && seams_.archives) {
+        scanner_ = seams_.archives->OpenListing(panel_);
+    } else {
+        scanner_ = std::make_unique<DirectoryScanner>(panel_.path);
+    }
+    entry* found = nullptr;
+    if (!TakeFirst(found)) return false;
+    ReadEntries(found);
+    scanner_.reset();
+    AddParentEntry();
+    SortEntries(panel_, panel_.sort, panel_.entries.Items(), panel_.Count());
+    return true;
+}
+
 void DirectoryRead::Run() {
     if (seams_.archives && panel_.archive) seams_.archives->CloseLeft(panel_);
     FindFileSystem();
@@ -223,19 +276,13 @@ void DirectoryRead::Run() {
     }
     SetOldListAside();
     panel_.readError = 0;
-    progress_ = std::make_unique<DirReadProgress>(panel_.entries.CountAddress());
+    panel_.readWhole = false;
     if (seams_.tree) seams_.tree->Link(panel_);
-    if (panel_.archive && seams_.archives) {
-        scanner_ = seams_.archives->OpenListing(panel_);
-    } else {
-        scanner_ = std::make_unique<DirectoryScanner>(panel_.path);
+    if (CanTakeOver()) {
+        TakeOver();
+    } else if (!ReadFromDisk()) {
+        return;
     }
-    entry* found = nullptr;
-    if (!TakeFirst(found)) return;
-    ReadEntries(found);
-    scanner_.reset();
-    AddParentEntry();
-    SortEntries(panel_, panel_.sort, panel_.entries.Items(), panel_.Count());
     RestoreTags();
     progress_.reset();
     TellNeighbours();

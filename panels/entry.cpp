@@ -14,7 +14,6 @@ void ClearEntry(entry& e) {
     e.time = TTime{};
     e.tagged = e.wasTagged = 0;
     e.level = 0;
-    e.reserved[0] = e.reserved[1] = -1;
     e.node = nullptr;
     e.group = 0;
 }

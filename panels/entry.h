@@ -26,20 +26,20 @@ inline constexpr char kGroupDirectory = 'A';
 inline constexpr char kGroupHiddenFile = 'B';
 inline constexpr char kGroupFile = 'C';
 
+// In an order that leaves no gaps: a directory may have millions of them.
 struct entry {
-    uint64_t size;  // bytes; 0 for a directory unless its total is known (level is then 1)
+    uint64_t size;   // bytes; 0 for a directory unless its total is known (level is then 1)
+    TTime time;      // of the last modification
+    TREENODE* node;  // tree style: the row's directory; borrowed
     uint16_t flags;
     uint16_t mode;  // low 16 bits of st_mode
     uint16_t uid;   // low 16 bits
     uint16_t gid;
-    TTime time;         // of the last modification
     uint8_t tagged;     // 1 when tagged
     uint8_t wasTagged;  // what a restored selection goes back to
     int8_t level;       // tree style: depth of the row; file styles: 1 = size is a known total
-    int32_t reserved[2];
-    TREENODE* node;   // tree style: the row's directory; borrowed
-    char group;       // a kGroup character
-    wchar_t name[1];  // zero-ended, no path; the block goes on behind
+    char group;         // a kGroup character
+    wchar_t name[1];    // zero-ended, no path; the block goes on behind
 
     bool IsDirectory() const { return (flags & kDirectory) != 0; }
     bool IsLink() const { return (flags & kSymbolicLink) != 0; }
@@ -53,7 +53,7 @@ constexpr size_t EntryBytes(size_t nameLength) {
     return offsetof(entry, name) + (nameLength + 1) * sizeof(wchar_t);
 }
 
-// Everything but the name and `reserved` becomes zero, `reserved` -1.
+// Everything but the name becomes zero.
 void ClearEntry(entry& e);
 // An entry with a block of its own, cleared, with room for exactly this name.
 [[nodiscard]] entry* NewEntry(const wchar_t* name);

@@ -54,8 +54,9 @@ struct CPanel {
     int visibleEntries = 0;
     Westring fileSystem;  // type, at most 29 characters
     Westring mountPoint;
-    int readError = 0;      // errno or a private code of the last read
-    CTree* tree = nullptr;  // shared; counted by its set
+    int readError = 0;       // errno or a private code of the last read
+    bool readWhole = false;  // the last read came to the end of the directory
+    CTree* tree = nullptr;   // shared; counted by its set
     bool treeFollowsPath = false;
     ArchiveFile* archive = nullptr;  // innermost open archive
     int nameShift = 0;

@@ -107,7 +107,7 @@ void DrawEntry(CPanel& panel, int index, int attribute) {
 }
 
 void DrawHeader(CPanel& panel) {
-    if (HasWindow(panel)) panel.window->Print(-1, -1, HeaderCells(panel));
+    if (HasWindow(panel)) DrawHeaderLine(panel);
 }
 
 void DrawScrollBar(CPanel& panel) {

@@ -113,8 +113,15 @@ CellString BottomCells(const CPanel& panel) {
     return line;
 }
 
+void DrawHeaderLine(CPanel& panel) {
+    CellString line = HeaderCells(panel);
+    // The clock stands over the corner and ticks by itself.
+    if (ClockWindowShown()) line = line.Left(line.Length() - ClockSpace(panel));
+    panel.window->Print(-1, -1, line);
+}
+
 void DrawFrameLines(CPanel& panel) {
-    panel.window->Print(-1, -1, HeaderCells(panel));
+    DrawHeaderLine(panel);
     panel.window->Print(-1, panelRows, SeparatorCells(panel));
     panel.window->Print(-1, panelRows + 2, BottomCells(panel));
 }

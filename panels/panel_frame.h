@@ -12,6 +12,7 @@ CellString HeaderCells(const CPanel& panel);
 // The line above the status row.
 CellString SeparatorCells(const CPanel& panel);
 CellString BottomCells(const CPanel& panel);
+void DrawHeaderLine(CPanel& panel);  // but for what the clock covers
 void DrawFrameLines(CPanel& panel);  // all three
 
 }  // namespace zt

@@ -13,6 +13,9 @@ struct PanelPair {
     CPanel panel[2] = {{*this, 0}, {*this, 1}};
     int active = 0;
     int lastActivated = -1;  // the side for which headers and title were drawn last
+    // While set, a panel that is to read the directory that the other has just read takes its list
+    // over, rather than asking the disk twice.
+    bool sharesReads = false;
     DirectoryHistory directoryHistory;
     OwnerNames owners;
     PanelSeams seams;

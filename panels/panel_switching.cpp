@@ -170,6 +170,7 @@ static void SwapContents(CPanel& a, CPanel& b) {
     std::swap(a.fileSystem, b.fileSystem);
     std::swap(a.mountPoint, b.mountPoint);
     std::swap(a.readError, b.readError);
+    std::swap(a.readWhole, b.readWhole);
     std::swap(a.tree, b.tree);
     std::swap(a.treeFollowsPath, b.treeFollowsPath);
     std::swap(a.archive, b.archive);

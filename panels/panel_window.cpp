@@ -64,7 +64,9 @@ void InitFromSettings(CPanel& panel, int side) {
     panel.style = kStyleFull;
     panel.kind = kKindFiles;
     ComputeVisibleEntries(panel);
+    panel.pair->sharesReads = side == 1;
     ReadDirectory(panel);
+    panel.pair->sharesReads = false;
     panel.readPath = panel.path;  // a directory that may not be read was left for its parent
     panel.style = style;
     panel.kind = kind;
@@ -120,9 +122,10 @@ void RefreshPanels(PanelPair& panels, bool all) {
 
 void RereadBoth(PanelPair& panels, bool keepTags) {
     // The active panel last, so that the process ends up in its directory.
-    for (const int side : {1 - panels.active, panels.active}) {
-        GoTo(panels, side, Westring(), keepTags);
-    }
+    GoTo(panels, 1 - panels.active, Westring(), keepTags);
+    panels.sharesReads = true;
+    GoTo(panels, panels.active, Westring(), keepTags);
+    panels.sharesReads = false;
 }
 
 void SetStyle(CPanel& panel, int style, int side) {

@@ -6,7 +6,8 @@
 namespace zt {
 
 // Takes what the settings keep for the side, reads the directory once and opens the window when
-// the panel is to show. panel.path must be set.
+// the panel is to show. panel.path must be set. For the left panel first, then at once for the
+// right one, which takes over what both show.
 void InitFromSettings(CPanel& panel, int side);
 void OpenPanelWindow(CPanel& panel, int side);
 void ClosePanelWindow(CPanel& panel);

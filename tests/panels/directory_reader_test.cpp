@@ -493,6 +493,63 @@ TEST_F(Reader, ReadsTwentyThousandFiles) {
     EXPECT_EQ(Names(left)[12346], "f12345");
 }
 
+TEST_F(Reader, TakesOverWhatTheOtherPanelHasJustRead) {
+    class Counting : public IEntryFilter {
+    public:
+        int seen = 0;
+        bool Accepts(const CPanel&, const entry&) override {
+            ++seen;
+            return true;
+        }
+    } counting;
+    panels->seams.filter = &counting;
+    tree.Folder("dir");
+    tree.File("a", 5);
+    tree.File("b", 7);
+    const struct {
+        int rightSort;
+        const char* rightFilter;
+        int seen;  // 2 for each list that comes from the disk
+    } rows[] = {{kSortName, "?", 2},     {kSortSize, "?", 2},
+                {kSortUnsorted, "?", 4}, {kSortName + kReversed, "?", 2},
+                {kSortName, "*", 2},     {kSortName, "??", 4}};
+    for (const auto& row : rows) {
+        settings.sides[0].filter = "?";
+        settings.sides[1].filter = row.rightFilter;
+        settings.sides[1].sort = row.rightSort;
+        counting.seen = 0;
+        Start();
+        EXPECT_EQ(counting.seen, row.seen) << row.rightSort << row.rightFilter;
+        EXPECT_EQ(right.Count(), 4);
+        EXPECT_EQ(right.subdirectories.Count(), 1);
+        if (row.rightSort == kSortSize) {
+            EXPECT_THAT(Names(right), ElementsAre("..", "dir", "b", "a"));
+        }
+    }
+    settings.sides[1].filter = "?";
+    settings.sides[1].sort = kSortName;
+    Start();
+    Tag(left, "a");
+    Tag(right, "b");
+    counting.seen = 0;
+    RereadBoth(*panels);
+    EXPECT_EQ(counting.seen, 2);
+    EXPECT_EQ(Find(left, "a")->tagged, 1);
+    EXPECT_EQ(Find(left, "b")->tagged, 0);
+    EXPECT_EQ(Find(right, "a")->tagged, 0);
+    EXPECT_EQ(Find(right, "b")->tagged, 1);
+    EXPECT_NE(Find(left, "a"), Find(right, "a")) << "each has its own";
+    counting.seen = 0;
+    ReadDirectory(right);
+    EXPECT_EQ(counting.seen, 2) << "on its own it asks the disk";
+    left.readWhole = false;  // as after the Break key
+    panels->active = 1;
+    counting.seen = 0;
+    panels->sharesReads = true;
+    ReadDirectory(right);
+    EXPECT_EQ(counting.seen, 2);
+}
+
 TEST_F(Reader, RereadsForTheOrderOfTheDisk) {
     ManyFiles(50);
     Start();

@@ -160,6 +160,21 @@ TEST_F(Drawing, LeavesRoomForTheClockInTheRightPanel) {
     EXPECT_EQ(Title(left), "╔ /usr/..." + std::string(28, 'x') + " ╗");
 }
 
+TEST_F(Drawing, LeavesTheClockAlone) {
+    Start();
+    settings.clock = true;
+    MakeClockWindow();
+    const Cell digit = screen->CellAt(79, 0);
+    ASSERT_NE(digit.attribute, 0x1B);
+    screen->ForgetRecords();
+    DrawPanel(right);
+    EXPECT_EQ(screen->CellAt(79, 0), digit);
+    EXPECT_EQ(screen->CellAt(74, 0).attribute, digit.attribute);
+    ClosePanelWindow(right);
+    EXPECT_FALSE(ClockWindowShown()) << "it would put the panel's corner back later";
+    EXPECT_EQ(screen->CellAt(79, 0), kBlankCell);
+}
+
 TEST_F(Drawing, MarksAFilterInTheTitle) {
     Start();
     left.path = "/abc";
