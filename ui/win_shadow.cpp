@@ -20,7 +20,7 @@ Attribute ShadowOf(Attribute attribute) {
 void ShadeStrip(int column, int row, int width, int height) {
     if (width <= 0 || height <= 0) return;
     const std::unique_ptr<Cell[]> cells(console->ReadCells(column, row, width, height));
-    for (int i = 0; i < width * height; ++i)
+    for (size_t i = 0; i < static_cast<size_t>(width) * static_cast<size_t>(height); ++i)
         cells[i].attribute = ShadowOf(cells[i].attribute);
     console->WriteCells(column, row, width, height, cells.get());
 }
