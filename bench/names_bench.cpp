@@ -9,7 +9,7 @@
 #include "foundation/wild_match.h"
 #include "panels/entry.h"
 #include "panels/entry_sorting.h"
-#include "panels/panel.h"
+#include "panels/panel_pair.h"
 #include "panels/sort_key.h"
 
 namespace zt {
@@ -74,7 +74,8 @@ void SortByName(benchmark::State& state) {
         e->group = kGroupFile;
         entries.push_back(e);
     }
-    const CPanel panel;
+    PanelPair pair;
+    const CPanel& panel = pair.panel[0];
     for (auto _ : state) {
         std::vector<entry*> work = entries;
         SortEntries(panel, 0, work.data(), count);
