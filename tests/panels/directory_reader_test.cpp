@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <chrono>
+#include <thread>
 
 #include "foundation/result_codes.h"
 #include "panels/cursor_movement.h"
@@ -348,6 +350,55 @@ TEST_F(MadeListing, DoesNotLoopWhenTheRootMayNotBeRead) {
     ReadDirectory(left);
     EXPECT_EQ(PathOf(left), "/");
     EXPECT_EQ(left.readError, EACCES);
+}
+
+// Goes on only when the box has appeared, or a limit has passed.
+class SlowScanner : public MadeScanner {
+public:
+    SlowScanner(FakeConsole& screen, bool& shown)
+        : MadeScanner(1234, kNoMoreEntries), screen_(screen), shown_(shown) {}
+    int Next(entry*& found) override {
+        if (++calls_ == 1000) WaitForBox();
+        return MadeScanner::Next(found);
+    }
+
+private:
+    void WaitForBox() {
+        const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        while (!shown_ && std::chrono::steady_clock::now() < limit) {
+            std::string text;
+            for (int row = 0; row < 25; ++row)
+                text += screen_.RowText(row);
+            shown_ = text.find("Reading directory:") != std::string::npos &&
+                     text.find("Files: 999") != std::string::npos;
+            std::this_thread::yield();
+        }
+    }
+    FakeConsole& screen_;
+    bool& shown_;
+    int calls_ = 0;
+};
+
+TEST_F(MadeListing, ShowsItsProgressWhenItTakesLong) {
+    class SlowArchives : public FailingArchives {
+    public:
+        SlowArchives(FakeConsole& screen, bool& shown) : screen_(screen), shown_(shown) {}
+        std::unique_ptr<IEntryScanner> OpenListing(CPanel&) override {
+            return std::make_unique<SlowScanner>(screen_, shown_);
+        }
+
+    private:
+        FakeConsole& screen_;
+        bool& shown_;
+    };
+    bool shown = false;
+    SlowArchives slow(*screen, shown);
+    panels->seams.archives = &slow;
+    const std::string before = screen->RowText(10);
+    ReadDirectory(left);
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(left.Count(), 1235);
+    EXPECT_EQ(screen->RowText(10), before) << "the box is gone";
 }
 
 TEST_F(MadeListing, EndsAtTheBreakKeyWithWhatWasRead) {
