@@ -64,7 +64,7 @@ constexpr CommandRow kCommands[] = {
     {0x1B, kNeedsNothing, Escape},
     {0x9001A, kNeedsNothing, Escape},
     {0x1C, kNeedsNothing, GoToTopOrOther},
-    {0x1002B, kNeedsNothing, GoToTopOrOther},
+    {0x1002B, kNeedsNothing, nullptr},
     {0x2001C, kNeedsNothing, GoToTopOrOther},
     {0x1D, kNeedsNothing, InsertRightPath},
     {0x1F, kNeedsPanel, GoBackKey},

@@ -84,7 +84,6 @@ void GoToOtherPath(LoopState& state) {
 void GoToTopOrOther(LoopState& state, const KeyPress& key) {
     if (!state.Active().showing) return;
     if (key.modifiers & kModifierShift) return GoToOtherPath(state);
-    if (key.modifiers & kModifierAlt) return;  // the directory history's key
     const Westring& mountPoint = state.Active().mountPoint;
     GoToPath(state, mountPoint.IsEmpty() ? Westring(L"/") : Westring(mountPoint));
 }
