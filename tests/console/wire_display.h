@@ -133,6 +133,8 @@ public:
     }
     // While set, requests stay in the pipe.
     std::atomic<bool> paused{false};
+    // How much the display takes out of the pipe at once.
+    std::atomic<size_t> pieceBytes{65536};
 
     DisplayConsole screen;
     RecordingSession session;
@@ -146,7 +148,7 @@ private:
         while (true) {
             while (paused)
                 std::this_thread::yield();
-            const ssize_t got = read(requests_, piece.data(), piece.size());
+            const ssize_t got = read(requests_, piece.data(), pieceBytes);
             if (got <= 0) return;
             bytes_ += static_cast<int>(got);
             const std::lock_guard<std::mutex> hold(lock_);

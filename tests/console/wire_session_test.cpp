@@ -3,6 +3,7 @@
 #include <sys/socket.h>
 
 #include <csignal>
+#include <ctime>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -287,82 +288,81 @@ TEST(WireSession, DrawsWhileTheDisplayIsSlow) {
     ASSERT_NO_FATAL_FAILURE(session.ExpectAgreement("afterwards"));
 }
 
+// Interrupts system calls of the thread that made it, every few microseconds.
+class SignalStorm {
+public:
+    SignalStorm() {
+        struct sigaction action {};
+        action.sa_handler = [](int) { taken++; };  // without SA_RESTART
+        sigaction(SIGUSR1, &action, &before_);
+        sigevent where{};
+        where.sigev_notify = SIGEV_THREAD_ID;
+        where.sigev_signo = SIGUSR1;
+        where._sigev_un._tid = gettid();
+        EXPECT_EQ(timer_create(CLOCK_MONOTONIC, &where, &timer_), 0);
+        const itimerspec often{{0, 20000}, {0, 20000}};
+        timer_settime(timer_, 0, &often, nullptr);
+    }
+    ~SignalStorm() {
+        timer_delete(timer_);
+        sigaction(SIGUSR1, &before_, nullptr);
+    }
+    static inline std::atomic<int> taken{0};
+
+private:
+    struct sigaction before_;
+    timer_t timer_;
+};
+
 // Signals that interrupt the writer, and a pipe that takes little at a time.
 TEST(WireSession, LosesNothingToSignalsAndShortWrites) {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};  // without SA_RESTART: writes are interrupted
-    struct sigaction before;
-    sigaction(SIGUSR1, &action, &before);
     for (const bool nonBlocking : {false, true}) {
         Session session(200, 60);
         fcntl(session.display.farOutput, F_SETPIPE_SZ, 4096);
+        session.display.pieceBytes = 512;
         if (nonBlocking) fcntl(session.display.farOutput, F_SETFL, O_NONBLOCK);
-        std::atomic<bool> drawn{false};
+        SignalStorm::taken = 0;
         std::thread drawer([&] {
+            const SignalStorm storm;
             RandomDrawing drawing(*session.far, 8);
-            for (int i = 0; i < 500; i++)
+            for (int i = 0; i < 500 || (SignalStorm::taken < 500 && i < 100000); i++)
                 drawing.Step();
             drawing.Thaw();
-            drawn = true;
         });
-        while (!drawn) {
-            pthread_kill(drawer.native_handle(), SIGUSR1);
-            std::this_thread::yield();
-        }
         drawer.join();
         ASSERT_NO_FATAL_FAILURE(session.ExpectAgreement(nonBlocking ? "waiting" : "blocking"));
     }
-    sigaction(SIGUSR1, &before, nullptr);
 }
 
 // The same for the display's side: long replies through a small non-blocking socket.
 TEST(WireSession, LosesNoReplyToSignalsAndShortWrites) {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};
-    struct sigaction before;
-    sigaction(SIGUSR1, &action, &before);
     int ends[2];
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends), 0);
-    const int small = 4096;
+    const int small = 1;  // the system makes it the least it has
     setsockopt(ends[1], SOL_SOCKET, SO_SNDBUF, &small, sizeof(small));
     fcntl(ends[0], F_SETFL, 0);
     FakeConsole screen;
     screen.clipboard = Westring::Repeat(L'c', 60000);
     RecordingSession around;
-    auto connection = std::make_unique<CRemoteConnection>(screen, around, ends[1]);
     constexpr int kReplies = 50;
-    std::atomic<bool> done{false};
     std::thread writer([&] {
+        const SignalStorm storm;
+        CRemoteConnection connection(screen, around, ends[1]);
         const std::string question = WireBytes::Request(21, 0);
         for (int i = 0; i < kReplies; i++)
-            connection->Feed(question.data(), static_cast<int>(question.size()));
-        done = true;
+            connection.Feed(question.data(), static_cast<int>(question.size()));
     });
-    std::thread signaller([&] {
-        while (!done) {
-            pthread_kill(writer.native_handle(), SIGUSR1);
-            std::this_thread::yield();
-        }
-    });
-    const std::string reply = WireBytes::Reply(2).Int(1).Uni(std::string(60000, 'c'));
+    // The end of the connection ends what can be read.
     std::string all;
-    char piece[1000];
-    while (all.size() < reply.size() * kReplies) {
-        const ssize_t got = read(ends[0], piece, sizeof(piece));
-        if (got <= 0) break;
+    char piece[200];
+    for (ssize_t got = 0; (got = read(ends[0], piece, sizeof(piece))) > 0;)
         all.append(piece, static_cast<size_t>(got));
-        if (done) {
-            pollfd more{ends[0], POLLIN, 0};
-            if (poll(&more, 1, 1000) == 0) break;
-        }
-    }
-    signaller.join();
     writer.join();
-    sigaction(SIGUSR1, &before, nullptr);
+    close(ends[0]);
+    const std::string reply = WireBytes::Reply(2).Int(1).Uni(std::string(60000, 'c'));
     ASSERT_EQ(all.size(), reply.size() * kReplies);
     for (int i = 0; i < kReplies; i++)
         EXPECT_TRUE(all.compare(static_cast<size_t>(i) * reply.size(), reply.size(), reply) == 0);
-    close(ends[0]);
 }
 
 // Two panels with names, sizes and times, as the program draws them.
