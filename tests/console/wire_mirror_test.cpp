@@ -295,7 +295,8 @@ TEST_F(WireMirror, ShowsAnyScreenAfterAnyOther) {
                     for (int column = rect.left; column < rect.right; column++)
                         wanted.Row(row)[column] = {
                             isBlank ? ' ' : static_cast<uint32_t>('a' + random() % 3),
-                            static_cast<Attribute>(isBlank ? changes % 3 + 1 : random() % 2 + 1)};
+                            static_cast<Attribute>(isBlank ? changes % 3 + 1
+                                                           : static_cast<int>(random() % 2) + 1)};
             }
             Send();
         }
