@@ -15,4 +15,6 @@ int modifiersDrawn = 0;
 
 std::atomic<int> abortState{kAbortIdle};
 
+bool quitSeen = false;
+
 }  // namespace zt

@@ -27,4 +27,8 @@ inline constexpr int kAbortPossible = 1;
 inline constexpr int kAbortRequested = 2;
 extern std::atomic<int> abortState;
 
+// The quit event has been read. From then on every read gives it again, so that it ends each modal
+// loop that it meets and then the program. First thread only.
+extern bool quitSeen;
+
 }  // namespace zt

@@ -65,6 +65,7 @@ bool TranslateMouse(const TEvent& event, MouseEvent& mouse) {
 void (*clockTick)() = nullptr;
 
 int32_t ReadKey(TEventRecord* record, int timeoutMilliseconds) {
+    if (quitSeen) return kKeyQuit;
     TEventRecord unused;
     TEventRecord& result = record != nullptr ? *record : unused;
     const int live = modifiersLive.load(std::memory_order_relaxed);
@@ -83,6 +84,7 @@ int32_t ReadKey(TEventRecord* record, int timeoutMilliseconds) {
             modifiersSeen = event.modifiers;
             return event.code;
         case EventKind::kQuit:
+            quitSeen = true;
             return kKeyQuit;
         default:
             return TranslateMouse(event, result.mouse) ? kKeyMouse : kKeyNone;
@@ -90,7 +92,7 @@ int32_t ReadKey(TEventRecord* record, int timeoutMilliseconds) {
 }
 
 bool KeyWaiting() {
-    return console->PendingEvents() > 0;
+    return quitSeen || console->PendingEvents() > 0;
 }
 
 bool EscPressed() {

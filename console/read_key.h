@@ -34,7 +34,8 @@ struct TEventRecord {
 
 // The next key code; kKeyModifiersChanged, kKeyMouse or kKeyQuit (console/key_codes.h); or 0 when
 // the time ran out or a mouse event came that means nothing. The time-out is in milliseconds: 0
-// polls, a negative one waits for ever. The record may be null.
+// polls, a negative one waits for ever. The record may be null. After kKeyQuit nothing else comes:
+// each further read gives it at once.
 int32_t ReadKey(TEventRecord* record, int timeoutMilliseconds);
 
 bool KeyWaiting();

@@ -126,16 +126,22 @@ void Dialog::HandleMouse(const DialogEvent& event) {
     } else if (lastOutside != DialogEventKind::kLeftPress) {
         lastOutside = event.kind;
     } else if (event.kind == DialogEventKind::kLeftRelease) {
+        lastOutside = event.kind;
         exitCode = kExitEscape;
     }
 }
 
 void Dialog::HandleKey(const DialogEvent& event) {
     const int key = event.code;
+    // No element may keep the quit code: the program is ending.
+    if (key == kKeyQuit) {
+        exitCode = kExitEscape;
+        return;
+    }
     if (Element(current)->HandleEvent(event) || HandleFocusKey(key)) return;
     if (key == kKeyEnter) {
         exitCode = EnterCode();
-    } else if (key == kKeyEsc || key == kKeyQuit) {
+    } else if (key == kKeyEsc) {
         exitCode = kExitEscape;
     } else if (!ActivateAccelerator(key) && (key & kAltBit)) {
         ActivateQuickKey(event);

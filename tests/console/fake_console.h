@@ -33,6 +33,7 @@ public:
         panelRows = rowCount - 6;
         modifiersLive = modifiersSeen = modifiersDrawn = 0;
         abortState = kAbortIdle;
+        quitSeen = false;
     }
     ~FakeConsole() override { zt::console = previous_; }
 

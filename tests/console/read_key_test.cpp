@@ -67,8 +67,20 @@ TEST_F(ReadKeyTest, PressAndReleaseOfCtrlMakeTwoChanges) {
     EXPECT_EQ(ReadKey(&record, 0), kKeyNone);
 }
 
-TEST_F(ReadKeyTest, GivesQuit) {
+TEST_F(ReadKeyTest, GivesQuitAndNothingElseAfterIt) {
     console.PushEvent(TEvent{6, 0, 0, 0, 0, 0});
+    console.PushKey('x', kModifierCtrl);
+    EXPECT_EQ(ReadKey(&record, -1), kKeyQuit);
+    EXPECT_EQ(ReadKey(&record, 0), kKeyQuit);
+    EXPECT_FALSE(EscPressed());
+    EXPECT_EQ(ReadKey(nullptr, -1), kKeyQuit);
+    EXPECT_TRUE(KeyWaiting());
+}
+
+TEST_F(ReadKeyTest, LookingForEscDoesNotLoseQuit) {
+    console.PushEvent(TEvent{6, 0, 0, 0, 0, 0});
+    EXPECT_FALSE(EscPressed());
+    EXPECT_TRUE(KeyWaiting());
     EXPECT_EQ(ReadKey(&record, -1), kKeyQuit);
 }
 

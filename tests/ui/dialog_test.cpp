@@ -49,8 +49,55 @@ TEST_F(DialogTest, EscAndTheQuitCodeCancel) {
     dialog.AddOkCancel(-1, -1, true);
     Key(kKeyEsc);
     EXPECT_EQ(dialog.Run(), 27);
-    screen.PushEvent(TEvent{static_cast<int32_t>(EventKind::kQuit), 0, 0, 0, 0, 0});
+    Quit();
     EXPECT_EQ(dialog.Run(), 27);
+}
+
+// One quit event ends all that is open, one thing after the other, and the reader below.
+TEST_F(DialogTest, QuitIsHandedOnToWhatLiesBelow) {
+    dialog.AddOkCancel(-1, -1, true);
+    Dialog upper(20, 8, 50, 15, 0x70);
+    upper.AddOkCancel(-1, -1, true);
+    Quit();
+    Key(kKeyEnter);  // comes too late
+    EXPECT_EQ(upper.Run(), 27);
+    EXPECT_EQ(dialog.Run(), 27);
+    EXPECT_EQ(dialog.Run(1000), 27);
+    EXPECT_EQ(ReadKey(nullptr, -1), kKeyQuit);
+}
+
+TEST_F(DialogTest, NoElementKeepsTheQuitCode) {
+    constexpr int kCtrlQ = 17;
+    Westring text;
+    dialog.AddString(1, 1, true, text, 20, -1, kNoHistory);
+    Key(kCtrlQ);  // the next key would be taken as it is
+    Quit();
+    EXPECT_EQ(dialog.Run(), 27);
+    EXPECT_TRUE(text.IsEmpty());
+
+    quitSeen = false;
+    const char* items[] = {"one", "two"};
+    int32_t chosen = 0;
+    Dialog anyKey(10, 5, 69, 19, 0x70);
+    anyKey.AddList(1, 1, true, 10, 2, items, 2, chosen, -1);  // any other key is its exit code
+    Quit();
+    EXPECT_EQ(anyKey.Run(), 27);
+}
+
+TEST_F(DialogTest, QuitInTheHistoryEndsTheDialogToo) {
+    FieldHistory(1).Clear();
+    AppendFieldHistory("older", 1);
+    Westring text = "typed";
+    {
+        Dialog asking(10, 5, 69, 19, 0x70);
+        asking.AddString(1, 1, true, text, 20, -1, 1);
+        Key(kKeyAltDown);
+        Quit();
+        EXPECT_EQ(asking.Run(), 27);
+    }
+    EXPECT_STREQ(text.ToUtf8().c_str(), "typed");
+    EXPECT_EQ(FieldHistory(1).Count(), 1);
+    FieldHistory(1).Clear();
 }
 
 TEST_F(DialogTest, EmptyDialogEndsOnEsc) {
@@ -78,6 +125,11 @@ TEST_F(DialogTest, RightClickAcceptsAnywhere) {
     EXPECT_EQ(dialog.Run(), 'y');
     RightClick(30, 10);
     EXPECT_EQ(dialog.Run(), 'y');
+    Westring text;
+    Dialog buttonless(10, 5, 69, 19, 0x70);
+    buttonless.AddString(1, 1, true, text, 20, -1, kNoHistory);
+    RightClick(30, 10);
+    EXPECT_EQ(buttonless.Run(), 13);
 }
 
 TEST_F(DialogTest, ClickOutsideCancels) {
@@ -88,6 +140,26 @@ TEST_F(DialogTest, ClickOutsideCancels) {
     Drag(2, 2);
     Release(3, 3);
     EXPECT_EQ(dialog.Run(), 27);
+}
+
+// Of the frame, the right and the bottom line count as inside, the left and the top line do not.
+TEST_F(DialogTest, FramesLeftAndTopAreOutside) {
+    dialog.AddOkCancel(-1, -1, true);
+    const struct {
+        int column, row, code;
+    } rows[] = {{69, 10, 0}, {70, 10, 27}, {40, 19, 0}, {40, 20, 27}, {10, 10, 27}, {40, 5, 27}};
+    for (const auto& row : rows) {
+        Click(row.column, row.row);
+        EXPECT_EQ(RunQueued(dialog), row.code) << row.column << ", " << row.row;
+    }
+}
+
+TEST_F(DialogTest, PressOutsideIsForgottenOnceItHasCancelled) {
+    dialog.AddOkCancel(-1, -1, true);
+    Click(1, 1);
+    EXPECT_EQ(dialog.Run(), 27);
+    Release(1, 1);
+    EXPECT_EQ(RunQueued(dialog), 0);
 }
 
 TEST_F(DialogTest, OnlyPressAndReleaseOutsideCancel) {
@@ -199,6 +271,23 @@ TEST_F(DialogTest, AcceleratorsWorkFromAnywhere) {
     EXPECT_EQ(RunQueued(dialog), 0);
 }
 
+TEST_F(DialogTest, AnyElementMayHaveAnAccelerator) {
+    Westring text;
+    bool check = false;
+    dialog.AddString(1, 1, true, text, 20, -1, kNoHistory);
+    dialog.AddCheck(1, 2, true, check, "check", true);
+    dialog.AddString(1, 3, true, text, 20, -1, kNoHistory);
+    dialog.Element(1)->SetAccelerator(kKeyF3);
+    dialog.Element(2)->SetAccelerator(kKeyF4);
+    Key(kKeyF3);
+    EXPECT_EQ(RunQueued(dialog), 0);
+    EXPECT_TRUE(check);
+    EXPECT_EQ(dialog.CurrentElement(), 1);
+    Key(kKeyF4);
+    EXPECT_EQ(RunQueued(dialog), 0);
+    EXPECT_EQ(dialog.CurrentElement(), 2);
+}
+
 TEST_F(DialogTest, AltWithAQuickKeyActivates) {
     Westring text;
     bool check = false;
@@ -237,6 +326,10 @@ TEST_F(DialogTest, QuickKeysBelongToElementsByNumber) {
     EXPECT_EQ(RunQueued(dialog), 0);
     // The letter stands out.
     EXPECT_EQ(At(kX + 3, kY + 4), 0x79);
+    dialog.SetQuickKeys("  ");  // fewer letters: the later elements have none
+    Alt('n');
+    EXPECT_EQ(RunQueued(dialog), 0);
+    EXPECT_EQ(At(kX + 3, kY + 4), 0x70);
 }
 
 TEST_F(DialogTest, QuickKeyOfAFieldTakesTheFocus) {

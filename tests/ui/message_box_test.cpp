@@ -298,6 +298,16 @@ INSTANTIATE_TEST_SUITE_P(
                     ErrorRow{EXDEV, "Invalid cross-device link (18)", true, false},
                     ErrorRow{9999, "Unknown error 9999 (9999)", true, false}));
 
+TEST_F(MessageBoxTest, QuitIsEsc) {
+    Quit();
+    EXPECT_EQ(MessageBox("Text", nullptr, kBoxOkCancelSkipAllNone), 27);
+    int code = EIO;
+    bool stop = false;
+    FileErrorBox(code, stop, L"name");  // the same quit event
+    EXPECT_EQ(code, kCancelled);
+    EXPECT_TRUE(stop);
+}
+
 TEST_F(MessageBoxTest, SkippedFileErrorStops) {
     int code = EIO;
     bool stop = false;

@@ -257,8 +257,24 @@ TEST_F(PullDownMenuTest, HelpTopicsFollowTheMenus) {
 }
 
 TEST_F(PullDownMenuTest, QuitIsHandedOn) {
-    screen.PushEvent(TEvent{static_cast<int32_t>(EventKind::kQuit), 0, 0, 0, 0, 0});
+    Quit();
     EXPECT_EQ(menu.Run(0, false, panels), kKeyQuit);
+    quitSeen = false;
+    Key(kKeyEnter);  // with the drop-down open
+    Quit();
+    EXPECT_EQ(menu.Run(0, false, panels), kKeyQuit);
+    EXPECT_EQ(ReadKey(nullptr, -1), kKeyQuit);
+}
+
+TEST_F(PullDownMenuTest, DragOpensAClosedBarAndKeepsAnOpenOne) {
+    Drag(22, 0);
+    Drag(13, 0);
+    Key(kKeyEnd);
+    Key(kKeyEnter);
+    EXPECT_EQ(menu.Run(0, false, panels), 0x10044);
+    EXPECT_EQ(screen.screens[1].RowOf("File Find"), 3);
+    EXPECT_EQ(screen.screens[2].RowOf("User Menu"), 3);
+    EXPECT_FALSE(screen.screens[2].Has("File Find"));
 }
 
 TEST_F(PullDownMenuTest, MouseOpensAndChooses) {

@@ -83,6 +83,7 @@ protected:
     void DoubleClick(int column, int row) {
         screen.PushMouse(EventKind::kDoubleClick, 1, column, row);
     }
+    void Quit() { screen.PushEvent(TEvent{static_cast<int32_t>(EventKind::kQuit), 0, 0, 0, 0, 0}); }
     void Click(int column, int row) {
         Press(column, row);
         Release(column, row);
