@@ -27,6 +27,8 @@ void IntegerField::TextChanged() {
 void IntegerField::Draw() {
     if (!keepTyped || Parsed() != *variable) {
         const Westring digits = Estring::FromInteger(*variable);
+        // The 0 that stands for nothing typed must not become part of what is typed next.
+        if (text.IsEmpty()) BeginAnew();
         if (wcscmp(digits.c_str(), text.c_str()) != 0) text = digits;
     }
     StringField::Draw();

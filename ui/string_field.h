@@ -35,6 +35,11 @@ protected:
     virtual int CursorRoom() const { return width - 1; }
     // The text has been changed by a key or the mouse.
     virtual void TextChanged() {}
+    // What is typed next takes the place of the whole text.
+    void BeginAnew() {
+        cursor = kMaxLength;
+        pristine = true;
+    }
 
     Westring* value;
     int32_t width;

@@ -77,7 +77,9 @@ int StringField::HandleKey(const DialogEvent& event) {
         if (!used && IsCharacter(event, key)) {
             used = InsertTyped(static_cast<wchar_t>(key), untouched);
         }
-        if (key != kCtrlW && key != kCtrlC && key != kKeyCtrlInsert) ClearSelection();
+        const bool copies = key == kCtrlW || key == kCtrlC || key == kKeyCtrlInsert;
+        const bool movesNothing = !used && (key & kShiftBit) != 0;
+        if (!copies && !movesNothing) ClearSelection();
     }
     if (used && wcscmp(oldText.c_str(), value->c_str()) != 0) TextChanged();
     Draw();

@@ -194,7 +194,17 @@ INSTANTIATE_TEST_SUITE_P(
                 {kKeyHome, kKeyShiftRight, kKeyLeft, kKeyDelete},
                 "bcdef",
                 0},
+        EditRow{"Shift with a key that moves nothing keeps the selection",
+                "abcdef",
+                {kKeyHome, kKeyShiftRight, kKeyShiftRight, kKeyShiftUp, kKeyShiftF1, kKeyDelete},
+                "cdef",
+                0},
         EditRow{"Ctrl-Q takes the next key as it is", "ab", {kCtrlQ, kCtrlX}, "ab\x18", 3},
+        EditRow{"Ctrl-Q takes Esc, Enter and Tab",
+                "ab",
+                {kCtrlQ, kKeyEsc, kCtrlQ, kKeyEnter, kCtrlQ, kKeyTab},
+                "ab\x1B\r\t",
+                5},
         EditRow{"Ctrl-Q takes Ctrl-I as a tab", "", {kCtrlQ, kKeyCtrlI}, "\t", 1},
         EditRow{
             "Ctrl-Q spends a key that is no character", "ab", {kCtrlQ, kKeyF1, 'x'}, "abx", 3}));
@@ -634,6 +644,30 @@ TEST_F(IntegerFieldTest, EmptyMeansZero) {
     Keys({kKeyBackspace});
     EXPECT_EQ(number, 0);
     EXPECT_EQ(Shown(), "      ");
+}
+
+TEST_F(IntegerFieldTest, ZeroOfAnEmptiedFieldGivesWayToWhatIsTyped) {
+    for (const int width : {1, 5}) {
+        OpenNumber(7, width);
+        Keys({kKeyBackspace});
+        EXPECT_EQ(Shown(1), "0");
+        Typed("5");
+        EXPECT_EQ(number, 5);
+        EXPECT_EQ(Shown(1), "5");
+    }
+    OpenNumber(30);
+    Keys({kKeyHome, kKeyDelete});  // a zero that is left over is a digit like others
+    EXPECT_EQ(number, 0);
+    Keys({kKeyEnd});
+    Typed("5");
+    EXPECT_EQ(number, 5);
+}
+
+TEST_F(IntegerFieldTest, HoldsEighteenDigitsAtMost) {
+    OpenNumber(0, 30, true);
+    Typed("00000000000000000012");
+    EXPECT_EQ(Shown(20), "000000000000000000  ");
+    EXPECT_EQ(number, 0);
 }
 
 TEST_F(IntegerFieldTest, KeepsDigitsAsTypedOnRequest) {
