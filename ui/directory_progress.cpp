@@ -1,7 +1,6 @@
 // What the box of reading a directory shows.
 #include "ui/directory_progress.h"
 
-#include "foundation/settings.h"
 #include "foundation/size_text.h"
 
 namespace zt {
@@ -12,9 +11,7 @@ constexpr char kSpinner[] = "-\\|/";
 constexpr int kSpinnerSteps = 4;
 constexpr int kCountWidth = 12;
 
-// The plain number; grouped, and in larger units, when the settings want that.
 Westring CountText(int count) {
-    if (!settings.thousandSep) return Estring::FromInteger(count);
     Westring text;
     FormatSize32(static_cast<uint32_t>(count), text, kCountWidth);
     return text;

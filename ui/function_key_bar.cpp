@@ -1,7 +1,7 @@
 // The labels of the function keys, how they are painted and clicked.
 #include "ui/function_key_bar.h"
 
-#include <cstring>
+#include <algorithm>
 
 #include "console/program_state.h"
 
@@ -64,8 +64,8 @@ void CFunctionKeyBar::SetLabels(const FunctionKeyLabels& labels) {
     for (int i = 0; i < kKeyCount; ++i) {
         const int at = Slot() * i;
         // The number, with the blank before it that parts it from the label to its left.
-        const int first = i == 0 ? 0 : at - 1;
-        const int last = i == kKeyCount - 1 ? at + 1 : at;
+        const int first = std::max(i == 0 ? 0 : at - 1, 0);
+        const int last = std::min(i == kKeyCount - 1 ? at + 1 : at, line.Length() - 1);
         for (int column = first; column <= last; ++column)
             cells[column].attribute = numberColour;
         const char* text = labels[static_cast<size_t>(i)];

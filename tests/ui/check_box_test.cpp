@@ -60,6 +60,23 @@ TEST_F(CheckBoxTest, KeysChangeIt) {
     }
 }
 
+TEST_F(CheckBoxTest, KeysThatChangeItAreTheDialogsToo) {
+    bool value = false;
+    dialog.AddCheck(2, 1, true, value, "c", true);
+    dialog.AddExitKey(' ');
+    dialog.AddExitKey(kKeyInsert);
+    dialog.AddExitKey(kKeyDelete);
+    const struct {
+        int key;
+        bool expected;
+    } steps[] = {{' ', true}, {kKeyDelete, false}, {kKeyInsert, true}};
+    for (const auto& step : steps) {
+        Key(step.key);
+        EXPECT_EQ(dialog.Run(), step.key);
+        EXPECT_EQ(value, step.expected) << std::hex << step.key;
+    }
+}
+
 TEST_F(CheckBoxTest, ReleaseOverBoxOrLabelToggles) {
     bool right = false, left = false;
     dialog.AddCheck(2, 1, true, right, "Right", true);

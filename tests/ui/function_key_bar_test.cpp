@@ -65,6 +65,16 @@ TEST_F(FunctionKeyBarTest, LongLabelRunsIntoTheNextAndIsCutAtTheEdge) {
     EXPECT_EQ(Cells(72, 24, 8), "10ALongO");
 }
 
+TEST_F(FunctionKeyBarTest, ScreenTooNarrowForItIsSurvived) {
+    for (const int columns : {9, 1}) {
+        screen.Resize(columns, 3, nullptr, 0);
+        CFunctionKeyBar bar;
+        bar.SetLabels(LabelsForModifiers(0));
+        EXPECT_EQ(screen.RowText(2).size(), static_cast<size_t>(columns));
+        EXPECT_EQ(bar.KeyForClick(ClickAt(0)), 0x1003C);
+    }
+}
+
 TEST_F(FunctionKeyBarTest, ClickMeansTheKeyUnderThePointer) {
     CFunctionKeyBar bar;
     struct Row {

@@ -253,6 +253,29 @@ TEST_F(ListBoxTest, SearchTextShowsAtTheDialogsBottomRight) {
     EXPECT_EQ(Cells(64, 19, 6), "═════╝");
 }
 
+TEST_F(ListBoxTest, MouseEndsTheSearch) {
+    Open();
+    Keys({'e', 't'});
+    EXPECT_EQ(chosen, 6);
+    Press(kListX, kListY);
+    dialog->Run(0);
+    const int pressed = chosen;
+    EXPECT_EQ(Cells(64, 19, 6), "═════╝");
+    Keys({'i'});  // not "eti"
+    EXPECT_EQ(chosen, 8);
+    EXPECT_NE(pressed, 8);
+}
+
+TEST_F(ListBoxTest, WheelMeansNothing) {
+    Open(10, 4);
+    screen.PushMouse(EventKind::kWheel, 1, kListX, kListY);
+    screen.PushMouse(EventKind::kWheel, -1, kListX, kListY);
+    screen.PushMouse(EventKind::kWheel, -1, kListX, kListY);
+    EXPECT_EQ(dialog->Run(0), 0);
+    EXPECT_EQ(chosen, 4);
+    EXPECT_EQ(Rows(), " beta| gamma| delta|>epsilon|");
+}
+
 TEST_F(ListBoxTest, SearchIsNotForTheListThatEndsOnAnyKey) {
     Open(10, 0, -1);
     Key('e');

@@ -42,12 +42,12 @@ TEST_F(ProgressTest, LongDirectoryReadShowsItsCountAndSpins) {
         const DirReadProgress progress(&count, 1);
         // 35 columns, 6 rows, a third of 19 free rows down.
         ASSERT_TRUE(WaitFor([&] { return Cells(27, 8, 18) == "Reading directory:"; }));
-        ASSERT_TRUE(WaitFor([&] { return Cells(27, 9, 11) == "Files: 1234"; }));
+        ASSERT_TRUE(WaitFor([&] { return Cells(27, 9, 12) == "Files: 1,234"; }));
         EXPECT_EQ(Cells(22, 6, 2), "╔═");
         EXPECT_EQ(Cells(56, 11, 1), "╝");
         EXPECT_EQ(At(27, 8), Colour(ColourClass::kMessages));
         count = 99999;
-        EXPECT_TRUE(WaitFor([&] { return Cells(27, 9, 12) == "Files: 99999"; }));
+        EXPECT_TRUE(WaitFor([&] { return Cells(27, 9, 13) == "Files: 99,999"; }));
         for (const char* step : {"-", "\\", "|", "/", "-"}) {
             EXPECT_TRUE(WaitFor([&] { return Cells(46, 8, 1) == step; })) << step;
         }
@@ -56,11 +56,15 @@ TEST_F(ProgressTest, LongDirectoryReadShowsItsCountAndSpins) {
     EXPECT_EQ(screen.GetCursorSize(), 0);
 }
 
-TEST_F(ProgressTest, CountIsGroupedOnRequest) {
-    settings.thousandSep = true;
-    std::atomic<int> count{1234567};
-    const DirReadProgress progress(&count, 1);
-    EXPECT_TRUE(WaitFor([&] { return Cells(27, 9, 16) == "Files: 1,234,567"; }));
+TEST_F(ProgressTest, CountIsGroupedWhateverTheColumnsOfThePanelsAre) {
+    for (const bool separators : {false, true}) {
+        settings.thousandSep = separators;
+        std::atomic<int> count{1234567};
+        const DirReadProgress progress(&count, 1);
+        EXPECT_TRUE(WaitFor([&] { return Cells(27, 9, 16) == "Files: 1,234,567"; }));
+        count = 2'000'000'000;  // too long for its twelve columns
+        EXPECT_TRUE(WaitFor([&] { return Cells(27, 9, 17) == "Files: 1,953,125K"; }));
+    }
 }
 
 TEST_F(ProgressTest, LongFileReadShowsItsShare) {

@@ -124,6 +124,10 @@ TEST_F(WinTest, CastsNoShadowWhereThereIsNoRoomOrNoWish) {
     }
     settings.shadows = true;
     EXPECT_TRUE(Win(60, 5, 77, 23, 0x70, 0x70).HasShadow());
+    const Win low(10, 20, 20, 24, 0x70, 0x70);  // the frame is there all the same
+    EXPECT_EQ(Cells(10, 24, 11), "╚═════════╝");
+    EXPECT_EQ(Cells(21, 22, 2), "  ");
+    EXPECT_EQ(At(21, 22), 0x07);
 }
 
 TEST_F(WinTest, HidesAndComesBackAndIgnoresTheSameCallTwice) {
