@@ -22,10 +22,10 @@ bool SameRect(const CellRect& a, const CellRect& b) {
 
 }  // namespace
 
-RemoteConsole::RemoteConsole(int readFrom, int writeTo, int clipboardMilliseconds)
+RemoteConsole::RemoteConsole(int readFrom, int writeTo, const Patience& patience)
     : GridConsole(kFirstColumns, kFirstRows),
       inputFd(readFrom),
-      clipboardWait(clipboardMilliseconds),
+      waits(patience),
       wakeFd(eventfd(0, EFD_CLOEXEC)),
       output(writeTo),
       input(*this) {}
@@ -108,7 +108,7 @@ void RemoteConsole::WriteStream(const char* utf8) {
 bool RemoteConsole::GetClipboardText(Westring& text) {
     FrameBuffer request;
     request.BeginRequest(Opcode::kGetClipboardText, 0);
-    const std::unique_ptr<CParameterList> reply = Ask(request, clipboardWait);
+    const std::unique_ptr<CParameterList> reply = Ask(request, waits.clipboardMilliseconds);
     int32_t result = 0;
     return reply != nullptr && CParameterList::GetInteger(reply->Peek(0), result) && result != 0 &&
            CParameterList::GetUnicodeString(reply->Peek(1), text);
@@ -129,6 +129,8 @@ std::unique_ptr<CParameterList> RemoteConsole::Ask(const FrameBuffer& request, i
         if (hasEnded || output.IsBroken() || !reader.joinable()) return nullptr;
         ticket = replies.Expect();
         output.Send(request);
+        // What the display did not get it will not answer.
+        if (output.IsBroken()) return nullptr;
     }
     return replies.Wait(ticket, milliseconds);
 }

@@ -33,17 +33,21 @@ const char* DescribeRemoteStart(RemoteStart result);
 
 class RemoteConsole : public GridConsole, private IDisplayListener {
 public:
-    static constexpr int kClipboardMilliseconds = 3000;
-    static constexpr int kHandshakeMilliseconds = 60000;
+    // How long the display may take for an answer.
+    struct Patience {
+        int clipboardMilliseconds = 3000;
+        int handshakeMilliseconds = 60000;  // and for its size
+    };
 
-    // Borrows the descriptors. The last is how long a clipboard read waits.
-    RemoteConsole(int inputFd, int outputFd, int clipboardMilliseconds = kClipboardMilliseconds);
+    // Borrows the descriptors.
+    RemoteConsole(int readFrom, int writeTo) : RemoteConsole(readFrom, writeTo, Patience()) {}
+    RemoteConsole(int readFrom, int writeTo, const Patience& patience);
     ~RemoteConsole() override;
     RemoteConsole(const RemoteConsole&) = delete;
     RemoteConsole& operator=(const RemoteConsole&) = delete;
 
     // The handshake; then the grid takes the display's size and the display is wiped. To be called
-    // once; nothing is sent before it. From now on the process ignores SIGPIPE.
+    // once; nothing is sent before it. From now on SIGPIPE does nothing to the process.
     [[nodiscard]] RemoteStart Start();
 
     // After the end of the input every read gives the quit event at once, for ever.
@@ -100,8 +104,8 @@ private:
     void AppendSelectable();
 
     const int inputFd;
-    const int clipboardWait;  // milliseconds
-    const int wakeFd;         // an event counter that ends the reader
+    const Patience waits;
+    const int wakeFd;  // an event counter that ends the reader
     WireOutput output;
     DisplayMirror mirror;
     DisplayState told;

@@ -28,6 +28,15 @@ bool IsTypedText(const TEvent& event) {
     return event.modifiers == 0 && event.code != 0 && event.code == event.unicode;
 }
 
+// A handler that does nothing, rather than ignoring the signal: programs started from here do not
+// inherit it, and end as usual when nobody reads what they write.
+void OutliveBrokenPipes() {
+    struct sigaction nothing {};
+    nothing.sa_handler = [](int) {};
+    nothing.sa_flags = SA_RESTART;
+    sigaction(SIGPIPE, &nothing, nullptr);
+}
+
 }  // namespace
 
 const char* DescribeRemoteStart(RemoteStart result) {
@@ -45,7 +54,7 @@ const char* DescribeRemoteStart(RemoteStart result) {
 }
 
 RemoteStart RemoteConsole::Start() {
-    signal(SIGPIPE, SIG_IGN);
+    OutliveBrokenPipes();
     reader = std::thread(&RemoteConsole::ReadInput, this);
     const RemoteStart result = Handshake();
     if (result == RemoteStart::kStarted) ShowEverything();
@@ -56,7 +65,7 @@ RemoteStart RemoteConsole::Handshake() {
     FrameBuffer hello;
     hello.BeginRequest(Opcode::kHandshake, 1);
     hello.AddInteger(kProtocolVersion);
-    std::unique_ptr<CParameterList> reply = Ask(hello, kHandshakeMilliseconds);
+    std::unique_ptr<CParameterList> reply = Ask(hello, waits.handshakeMilliseconds);
     if (reply == nullptr) return RemoteStart::kNoAnswer;
     int32_t accepted = 0;
     if (!CParameterList::GetInteger(reply->Peek(0), accepted) || accepted != 1)
@@ -64,7 +73,7 @@ RemoteStart RemoteConsole::Handshake() {
 
     FrameBuffer sizeRequest;
     sizeRequest.BeginRequest(Opcode::kGetSize, 0);
-    reply = Ask(sizeRequest, kHandshakeMilliseconds);
+    reply = Ask(sizeRequest, waits.handshakeMilliseconds);
     if (reply == nullptr) return RemoteStart::kNoAnswer;
     int32_t displayColumns = 0;
     int32_t displayRows = 0;
