@@ -85,6 +85,7 @@ public:
 
     void AddTrailingSlash();
     void RemoveTrailingSlash();
+    // For text that somebody wrote; for real paths see file_name.h.
     static int LastSlash(const char* text);  // '/' and '\' both separate; index or -1
     Estring FileNamePart() const;
     Estring DirectoryPart() const;

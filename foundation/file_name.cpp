@@ -114,4 +114,13 @@ Westring ShownText(const Westring& name) {
     return result;
 }
 
+Westring ParentOfPath(const Westring& path) {
+    const int slash = path.FindLast('/');
+    return path.Left(slash == 0 ? 1 : slash);
+}
+
+Westring NameOfPath(const Westring& path) {
+    return path.Right(path.Length() - path.FindLast('/') - 1);
+}
+
 }  // namespace zt

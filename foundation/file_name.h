@@ -32,4 +32,10 @@ Estring NameToBytes(const Westring& name);
 // The text with every private code replaced by the character it shows as.
 Westring ShownText(const Westring& name);
 
+// The two sides of a path's last '/'. No other character separates: a backslash may stand in a
+// name, so these serve for real paths where DirectoryPart and FileNamePart would not. The parent
+// of "/a" is "/", that of a path without a slash is empty.
+Westring ParentOfPath(const Westring& path);
+Westring NameOfPath(const Westring& path);
+
 }  // namespace zt

@@ -1,7 +1,9 @@
 #include "foundation/normalize_path.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <climits>
 #include <cstdlib>
 #include <cwchar>
 
@@ -11,12 +13,20 @@ namespace zt {
 
 namespace {
 
+int PartLength(const wchar_t* path, const wchar_t* separators) {
+    return static_cast<int>(wcscspn(path, separators));
+}
+
 // How many levels a part goes up: n - 1 for n dots, n at least 2; otherwise 0.
 int LevelsUp(const wchar_t* part, int length) {
     for (int i = 0; i < length; i++) {
         if (part[i] != '.') return 0;
     }
     return length >= 2 ? length - 1 : 0;
+}
+
+bool IsNothing(const wchar_t* part, int length) {
+    return length == 0 || (length == 1 && *part == '.');
 }
 
 // Cuts the last part off; false at the root, which is the empty text here.
@@ -27,27 +37,58 @@ bool GoUp(Westring& result) {
     return true;
 }
 
-// Walks the parts of `path` from where `result` stands. A longer row of dots than two is a way up
-// in what the user wrote, and a name in what the system gave.
-bool Walk(Westring& result, const wchar_t* path, bool dotsGoUp) {
+void GoDown(Westring& result, const wchar_t* part, int length) {
+    result += L'/';
+    result.Append(part, length);
+}
+
+// Whether the rules would read the part as more than a name, but there is something of that name.
+bool IsOddName(const Westring& directory, const wchar_t* part, int length) {
+    const bool isOdd = LevelsUp(part, length) > 1 || PartLength(part, L"/\\") < length;
+    if (!isOdd || length > NAME_MAX || directory.Length() > PATH_MAX) return false;
+    Westring path = directory;
+    GoDown(path, part, length);
+    struct stat found;
+    return lstat(NameToBytes(path).c_str(), &found) == 0;
+}
+
+// Walks the parts of a path that the system gave from where `result` stands.
+void WalkNames(Westring& result, const wchar_t* path) {
     while (*path) {
-        const auto length = static_cast<int>(wcscspn(path, L"/"));
-        const int levels = LevelsUp(path, length);
-        const bool current = length == 0 || (length == 1 && *path == '.');
-        if (levels > 0 && (dotsGoUp || levels == 1)) {
-            for (int i = 0; i < levels; i++) {
-                if (!GoUp(result)) return false;
-            }
-        } else if (!current) {
-            Westring part;
-            part.Assign(path, length);
-            result += L'/';
-            result += part;
+        const int length = PartLength(path, L"/");
+        if (LevelsUp(path, length) == 1) {
+            GoUp(result);
+        } else if (!IsNothing(path, length)) {
+            GoDown(result, path, length);
         }
         path += length;
         if (*path) path++;
     }
+}
+
+// The same for a path that somebody wrote; false when it leads past the root.
+bool WalkWritten(Westring& result, const wchar_t* path) {
+    while (*path) {
+        int length = PartLength(path, L"/");
+        const bool isName = IsOddName(result, path, length);
+        if (!isName) length = PartLength(path, L"/\\");
+        const int levels = isName ? 0 : LevelsUp(path, length);
+        for (int i = 0; i < levels; i++) {
+            if (!GoUp(result)) return false;
+        }
+        if (levels == 0 && !IsNothing(path, length)) GoDown(result, path, length);
+        path += length;
+        if (*path) path++;
+    }
     return true;
+}
+
+Westring StartOf(const wchar_t* base) {
+    return base ? Westring(base) : WorkingDirectory();
+}
+
+Westring OrRoot(const Westring& result) {
+    return result.IsEmpty() ? Westring("/") : result;
 }
 
 }  // namespace
@@ -61,17 +102,32 @@ Westring WorkingDirectory() {
 }
 
 int NormalizePath(Westring& path, const wchar_t* base) {
-    Westring slashed = path;
-    for (int i = slashed.Find('\\'); i >= 0 && i < slashed.Length(); i++) {
-        if (slashed[i] == '\\') slashed.SetAt(i, '/');
-    }
     Westring result;
-    if (slashed[0] != '/') {
-        const Westring start = base ? Westring(base) : WorkingDirectory();
-        if (start.IsEmpty() || !Walk(result, start.c_str(), false)) return -1;
+    if (path[0] != '/') {
+        const Westring start = StartOf(base);
+        WalkNames(result, start.c_str());
+        const wchar_t* first = path.c_str();
+        const bool isName = !start.IsEmpty() && IsOddName(result, first, PartLength(first, L"/"));
+        if (path[0] == '\\' && !isName) {
+            result.Clear();
+        } else if (start.IsEmpty()) {
+            return -1;
+        }
     }
-    if (!Walk(result, slashed.c_str(), true)) return -1;
-    path = result.IsEmpty() ? Westring("/") : result;
+    if (!WalkWritten(result, path.c_str())) return -1;
+    path = OrRoot(result);
+    return 0;
+}
+
+int MakeAbsolute(Westring& path, const wchar_t* base) {
+    Westring result;
+    if (path[0] != '/') {
+        const Westring start = StartOf(base);
+        if (start.IsEmpty()) return -1;
+        WalkNames(result, start.c_str());
+    }
+    WalkNames(result, path.c_str());
+    path = OrRoot(result);
     return 0;
 }
 

@@ -101,6 +101,7 @@ public:
 
     void AddTrailingSlash();
     void RemoveTrailingSlash();
+    // For text that somebody wrote; for real paths see file_name.h.
     static int LastSlash(const wchar_t* text);  // '/' and '\' both separate; index or -1
     Westring FileNamePart() const;
     Westring DirectoryPart() const;

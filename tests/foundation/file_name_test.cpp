@@ -156,6 +156,34 @@ TEST(FileNames, SurviveAWayThroughUtf8) {
     EXPECT_STREQ(NameToBytes(back).c_str(), "a\xE9\xC3\xA9");
 }
 
+TEST(FileNames, CutPathsAtSlashesOnly) {
+    const struct {
+        const char* path;
+        const char* parent;
+        const char* name;
+    } rows[] = {
+        {"/a/b", "/a", "b"},
+        {"/a", "/", "a"},
+        {"/", "/", ""},
+        {"a/b", "a", "b"},
+        {"a", "", "a"},
+        {"", "", ""},
+        {"/a/b/", "/a/b", ""},
+        {"/a\\b", "/", "a\\b"},
+        {"/x/a\\b/c", "/x/a\\b", "c"},
+        {"/x/c:/d", "/x/c:", "d"},
+        {"c:/x", "c:", "x"},
+        {"/x/...", "/x", "..."},
+        {"//a", "/", "a"},
+        {"/\xE9/\xE9", "/\xE9", "\xE9"},
+    };
+    for (const auto& row : rows) {
+        const Westring path = NameFromBytes(row.path);
+        EXPECT_STREQ(NameToBytes(ParentOfPath(path)).c_str(), row.parent) << row.path;
+        EXPECT_STREQ(NameToBytes(NameOfPath(path)).c_str(), row.name) << row.path;
+    }
+}
+
 TEST(FileNames, ReachTheFileSystem) {
     char folder[] = "/tmp/zt-names-XXXXXX";
     ASSERT_NE(mkdtemp(folder), nullptr);
