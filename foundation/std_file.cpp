@@ -127,10 +127,10 @@ int StdFile::Flush() {
     return lastError;
 }
 
-// Sets the descriptor's place and empties the buffer.
+// Sets the descriptor's place and empties the buffer. After a failure the place is what it was.
 int StdFile::MoveDescriptor(int64_t offset) {
-    bufferPos = bufferFill = 0;
     if (lseek(handle, offset, SEEK_SET) < 0) return errno;
+    bufferPos = bufferFill = 0;
     filePos = offset;
     return 0;
 }

@@ -298,6 +298,40 @@ TEST_F(StdFileTest, RefusesImpossiblePlaces) {
     EXPECT_EQ(ReadUpTo(file, 9), "bc");
 }
 
+TEST_F(StdFileTest, KeepsItsPlaceWhenItCannotSeek) {
+    Make("abcdef");
+    StdFile file;
+    EXPECT_EQ(file.Open(path.c_str(), kUpdate), 0);
+    EXPECT_EQ(file.Rewind(), 0);
+    EXPECT_EQ(ReadUpTo(file, 2), "ab");
+    EXPECT_EQ(file.Seek(-1), EINVAL);
+    EXPECT_EQ(file.Tell(), 2);
+    EXPECT_EQ(file.WriteText("X"), EINVAL) << "nothing goes on before the error is cleared";
+    EXPECT_EQ(file.SeekRelative(0), 0);
+    EXPECT_EQ(file.WriteText("X"), 0);
+    EXPECT_EQ(file.Close(), 0);
+    EXPECT_EQ(Content(), "abXdef");
+}
+
+TEST_F(StdFileTest, OpeningClosesWhatWasOpen) {
+    Make("next");
+    const std::string first = folder + "/first";
+    StdFile file;
+    EXPECT_EQ(file.Open(first.c_str(), kFresh | StdFile::kText), 0);
+    EXPECT_EQ(file.WriteText("kept"), 0);
+    const int before = file.Handle();
+    EXPECT_EQ(file.Open(path.c_str(), kUpdate), 0);
+    EXPECT_EQ(file.Handle(), before) << "its number was free again";
+    EXPECT_EQ(std::filesystem::file_size(first), 4u);
+    EXPECT_EQ(file.Tell(), 4);
+    EXPECT_EQ(file.WriteText("\n"), 0);
+    EXPECT_EQ(file.Close(), 0);
+    EXPECT_EQ(Content(), "next\n") << "the mode of the first file is gone";
+    EXPECT_EQ(file.Open(first.c_str(), 0), 0);
+    EXPECT_EQ(file.Open((path + "/none").c_str(), 0), ENOTDIR);
+    EXPECT_FALSE(file.IsOpen()) << "closed all the same";
+}
+
 TEST_F(StdFileTest, SeekWritesWhatIsBuffered) {
     StdFile file;
     EXPECT_EQ(file.Open(path.c_str(), kFresh), 0);
