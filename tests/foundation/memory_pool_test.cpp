@@ -1,6 +1,9 @@
 // MemoryPool: the bump pointer, its blocks and what it refuses.
 #include "foundation/memory_pool.h"
 
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <cstring>
 
 #include <limits>
@@ -55,6 +58,28 @@ TEST(Pool, RefusesMoreThanABlockCanCount) {
     EXPECT_EQ(pool.AllocateAligned(std::numeric_limits<size_t>::max(), 8), nullptr);
     EXPECT_NE(pool.Allocate(10), nullptr) << "it goes on all the same";
 }
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+// Runs in a child of its own, whose memory is limited.
+int AllocateBeyondTheLimit() {
+    MemoryPool pool;
+    const rlimit limit{size_t{1} << 30, size_t{1} << 30};
+    if (setrlimit(RLIMIT_AS, &limit) != 0) return 1;
+    if (pool.Allocate((size_t{1} << 31) - 1) != nullptr) return 2;
+    if (pool.BlockCount() != 1) return 3;
+    return pool.Allocate(65536) == nullptr ? 4 : 0;
+}
+
+TEST(Pool, GivesNothingWhenThereIsNoMemory) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) _exit(AllocateBeyondTheLimit());
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+#endif
 
 TEST(Pool, ResetStartsOneFreshBlock) {
     MemoryPool pool;

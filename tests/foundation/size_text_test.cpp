@@ -186,6 +186,8 @@ TEST(LocaleFormats, ReadsDatePatterns) {
         {"%D-%M-%Y", kDayFirst, '-', "01-02-03"},
         {"%Y-%m-%d", kYearFirst, '-', "01-02-03"},
         {"%e. %m. %Y", kYearFirst, '.', "01.02.03"},
+        {"%-d. %-m. %Y", kDayFirst, '-', "01-02-03"},
+        {"%m2%d2%y", kMonthFirst, 0, "010203"},
         {"%d%m%y", kDayFirst, 0, "010203"},
         {"", kYearFirst, 0, "010203"},
         {"%Y年%m月%d日", kYearFirst, L'年', "01年02年03"},

@@ -25,6 +25,36 @@ TEST(WestringStorage, GrowsByAQuarterWhenAppending) {
     EXPECT_EQ((Westring(kLong.c_str()) + L"ab").Capacity(), 43);
 }
 
+TEST(WestringStorage, NeverShrinks) {
+    Westring text(std::wstring(100, L'x').c_str());
+    text = L"short";
+    EXPECT_EQ(text.Capacity(), 101);
+    text.Clear();
+    EXPECT_EQ(text.Capacity(), 101);
+    EXPECT_STREQ(text.c_str(), L"");
+}
+
+TEST(WestringStorage, ReservesWithoutText) {
+    Westring text(100);
+    EXPECT_EQ(text.Length(), 0);
+    EXPECT_EQ(text.Capacity(), 101);
+    EXPECT_STREQ(text.c_str(), L"");
+    EXPECT_EQ(Westring(20).Capacity(), 21);
+    EXPECT_EQ(Westring(-5).Capacity(), 21);
+}
+
+TEST(WestringStorage, AssignTakesSoManyCharactersUpToANul) {
+    Westring text;
+    text.Assign(L"abcdef", 3);
+    EXPECT_STREQ(text.c_str(), L"abc");
+    text.Assign(L"ab\0cd", 5);
+    EXPECT_EQ(text.Length(), 2);
+    text.Assign(L"abc", -1);
+    EXPECT_EQ(text.Length(), 0);
+    text.Assign(nullptr, 7);
+    EXPECT_EQ(text.Length(), 0);
+}
+
 TEST(WestringStorage, CopiesAndMoves) {
     for (const wchar_t* start : {L"short", kLong.c_str()}) {
         Westring first(start);
@@ -234,6 +264,22 @@ TEST(WestringRelations, IgnoreCase) {
     EXPECT_FALSE(text != Westring(L"aBC"));
     EXPECT_FALSE(text != L"aBC");
     EXPECT_TRUE(text != L"abd");
+}
+
+class InAUtf8Locale : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(setlocale(LC_ALL, "C.UTF-8")); }
+    void TearDown() override { setlocale(LC_ALL, "C"); }
+};
+
+TEST_F(InAUtf8Locale, RelationsIgnoreTheCaseOfAnyLetter) {
+    EXPECT_TRUE(Westring(L"\u00E9\u0436") == L"\u00C9\u0416");
+    EXPECT_TRUE(Westring(L"\u00E9") != L"e");
+}
+
+TEST_F(InAUtf8Locale, TrimDropsWideBlanks) {
+    EXPECT_STREQ(Westring(L"\u3000 a\u2003").Trim().c_str(), L"a");
+    EXPECT_STREQ(Westring(L"\u00A0a\u00A0").Trim().c_str(), L"\u00A0a\u00A0") << "these stay";
 }
 
 TEST(WestringPaths, TrailingSlashes) {
