@@ -53,7 +53,9 @@ void Store(ProgramOptions& options, Target target, const char* argument) {
             options.remoteHost = argument;
             break;
         case Target::kScript:
-            options.exitScript = argument;
+            // The working directory will be another one by then.
+            options.exitScript = NameFromBytes(argument);
+            if (MakeAbsolute(options.exitScript, nullptr) != 0) options.exitScript.Clear();
             break;
     }
 }
@@ -64,7 +66,7 @@ void StoreIniFile(ProgramOptions& options, const char* word) {
     struct stat info;
     if (stat(word, &info) != 0 || S_ISDIR(info.st_mode)) return;
     Westring path = NameFromBytes(word);
-    if (NormalizePath(path, nullptr) == 0) options.iniFile = NameToBytes(path);
+    if (MakeAbsolute(path, nullptr) == 0) options.iniFile = NameToBytes(path);
 }
 
 }  // namespace
@@ -82,6 +84,13 @@ OptionsResult ParseOptions(int argc, char* const* argv, bool takesHost, ProgramO
         Store(options, option->target, argv[++i]);
     }
     return OptionsResult::kRun;
+}
+
+Estring MissingFeature(const ProgramOptions& options) {
+    if (!options.viewFile.IsEmpty()) return "the internal viewer (-v) is not there yet\n";
+    if (!options.editFile.IsEmpty()) return "the internal editor (-e) is not there yet\n";
+    if (!options.remoteHost.IsEmpty()) return "remote sessions (-h) are not there yet\n";
+    return Estring();
 }
 
 Estring OptionsMessage(OptionsResult result, bool takesHost) {

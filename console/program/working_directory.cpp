@@ -16,7 +16,7 @@ Westring NearestExisting() {
     Westring path = shellDirectory ? NameFromBytes(shellDirectory) : Westring();
     while (path.Length() > 1 && path[0] == L'/') {
         if (access(NameToBytes(path).c_str(), X_OK) == 0) return path;
-        path = path.DirectoryPart();
+        path = ParentOfPath(path);
     }
     return L"/";
 }
