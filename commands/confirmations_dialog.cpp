@@ -31,7 +31,7 @@ void ConfirmationsDialog(LoopState&, const KeyPress&) {
     Dialog dialog(-1, -3, 44, 14, Colour(ColourClass::kMessages));
     dialog.SetTitle(" Confirmations ");
     for (int bit = 0; bit < kQuestionCount; bit++) {
-        dialog.AddCheck(2, 1 + 2 * bit, bit == 0, asked[bit], kQuestions[bit], true);
+        dialog.AddCheck(1, 1 + 2 * bit, bit == 0, asked[bit], kQuestions[bit], true);
     }
     dialog.AddButtons(-1, -1, true, kButtons);
     int code = kKeyF1;
