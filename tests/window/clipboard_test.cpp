@@ -55,6 +55,37 @@ TEST_F(WindowClipboard, NeverHandsOutInvalidUtf8) {
     EXPECT_EQ(text, "a\u00e4\uFFFD\uFFFDz") << "a byte of a file name stands as it shows";
 }
 
+// An embedded terminal pastes on the thread that takes the keys.
+class PastingSink : public ITerminalSink {
+public:
+    explicit PastingSink(GridConsole& consoleArgument) : console(consoleArgument) {}
+    void TakeKey(int32_t code, int32_t, int32_t) override {
+        constexpr int32_t kShiftInsert = 0x30052;
+        Westring text;
+        if (code != kShiftInsert || !console.GetClipboardText(text)) return;
+        pasted = text.ToUtf8().c_str();
+        done = true;
+    }
+    void TakeCharacter(int32_t) override {}
+    void TakeText(const char*) override {}
+
+    GridConsole& console;
+    std::string pasted;
+    std::atomic<bool> done{false};
+};
+
+TEST_F(WindowClipboard, IsReadOnTheThreadOfTheKeysToo) {
+    PastingSink sink(Console());
+    Console().SetTerminalSink(&sink);
+    {
+        const ClipboardOwner other("from elsewhere");
+        user->Tap(kHoldShift, XK_Insert);
+        EXPECT_TRUE(WaitFor([&] { return sink.done.load(); }));
+    }
+    Console().SetTerminalSink(nullptr);
+    EXPECT_EQ(sink.pasted, "from elsewhere");
+}
+
 TEST_F(WindowClipboard, TakesInputWhileAnOwnerIsSilent) {
     const ClipboardOwner other("", true);
     std::atomic<bool> done{false};

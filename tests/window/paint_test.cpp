@@ -121,6 +121,28 @@ TEST_F(WindowPainting, PaintsAnyValueOfACell) {
     }
 }
 
+// More different characters than the window keeps at a time.
+TEST_F(WindowPainting, PaintsEveryCharacterOfAVeryMixedText) {
+    constexpr uint32_t kFirst = 0x4E00;
+    constexpr uint32_t kCount = 18000;
+    WriteRow(0, L"Always the same letters");
+    const Picture letters = GrabPainted();
+    for (uint32_t i = 0; i < kCount;) {
+        std::vector<Cell> cells;
+        while (cells.size() < 80 * 20)
+            cells.push_back(Cell{kFirst + i++, 0x1F});
+        Console().WriteCells(0, 2, 80, 20, cells.data());
+        window->WaitPainted();
+    }
+    WriteRow(1, L"Always the same letters");
+    const Picture picture = GrabPainted();
+    for (int column = 0; column < 23; column++) {
+        EXPECT_EQ(CellPicture(picture, column, 0), CellPicture(letters, column, 0));
+        EXPECT_EQ(CellPicture(picture, column, 1), CellPicture(letters, column, 0));
+    }
+    EXPECT_TRUE(HasColour(CellPicture(picture, 79, 21), kWhite));
+}
+
 TEST_F(WindowPainting, PaintsLinesThatJoin) {
     Console().FillRect(0, 0, 80, 25, 0x0F);
     WriteRow(1, L"\u250c\u2500\u2510", 0x0F);
