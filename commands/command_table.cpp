@@ -68,6 +68,13 @@ constexpr CommandRow kCommands[] = {
     {0x2001C, kNeedsNothing, GoToTopOrOther},
     {0x1D, kNeedsNothing, InsertRightPath},
     {0x1F, kNeedsPanel, GoBackKey},
+    // Groups of entries: the grey keys and their menu entries
+    {0x40002A, kNeedsFiles, nullptr},
+    {0x40002B, kNeedsFiles, nullptr},
+    {0x40002D, kNeedsFiles, nullptr},
+    {0x10006D, kNeedsFiles, nullptr},
+    {0x10006E, kNeedsFiles, nullptr},
+    {0x10006F, kNeedsFiles, nullptr},
     // Command line and names
     {0x7F, kNeedsNothing, LineDeleteWordLeft},
     {0x1000E, kNeedsNothing, DropSearchCharacter},

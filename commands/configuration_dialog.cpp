@@ -7,6 +7,7 @@
 #include "foundation/locale_formats.h"
 #include "foundation/settings.h"
 #include "panels/panel_window.h"
+#include "ui/clock_window.h"
 #include "ui/colours_dialog.h"
 #include "ui/dialog.h"
 
@@ -21,7 +22,7 @@ constexpr int kNumberColumn = 65;
 constexpr int kNumberWidth = 3;
 constexpr int kRadioColumn = 61;
 constexpr int kPathExtensionElement = 9;
-constexpr char kQuickKeys[] = "vieldrxtcpabszunoy12k";
+constexpr char kQuickKeys[] = "viedlrxtcpabszunoy12k";
 
 constexpr ButtonRow kButtons[] = {
     {kExitEnter, "_OK"}, {kExitEscape, "Cancel"}, {kKeyF1, "Help"}, {0, nullptr}};
@@ -110,13 +111,14 @@ bool RunUntilDecided(CConfigDlg& dialog) {
 
 void FollowChange(LoopState& state, const Settings& before) {
     InitLocaleFormats();
+    console->SetCodePage(ConsoleCodePage(settings.codePage));
+    DeleteClockWindow();  // its width goes by the time mode
     if (settings.codePage != before.codePage) RereadBoth(state.panels);
     if (settings.lines != before.lines || settings.columns != before.columns) {
         ResizeAndReopen(state, settings.lines > 0 ? settings.lines : screenLines,
                         settings.columns > 0 ? settings.columns : screenColumns);
     }
     RefreshPanels(state.panels, true);
-    state.DrawAll();
 }
 
 }  // namespace
@@ -133,6 +135,7 @@ void ConfigurationDialog(LoopState& state, const KeyPress&) {
     } else {
         settings = before;
     }
+    state.DrawAll();
 }
 
 void ColoursCommand(LoopState& state, const KeyPress&) {

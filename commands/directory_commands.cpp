@@ -6,6 +6,7 @@
 #include "console/key_codes.h"
 #include "foundation/file_name.h"
 #include "foundation/normalize_path.h"
+#include "foundation/settings.h"
 #include "panels/cursor_movement.h"
 #include "panels/entry.h"
 #include "panels/link_targets.h"
@@ -68,12 +69,10 @@ void GoToLinkTarget(LoopState& state, const KeyPress&) {
     if (!current || !(current->flags & kSymbolicLink)) return;
     Westring target;
     ResolveLinkTarget(panel, *current, target);
-    if (NormalizePath(target, panel.path.c_str()) != 0) return;
+    if (MakeAbsolute(target, panel.path.c_str()) != 0) return;
     if (GoToPath(state, target)) return;
-    Westring directory = target.DirectoryPart();
-    if (directory.IsEmpty()) directory = L"/";
-    const Westring name = target.FileNamePart();
-    if (GoToPath(state, directory)) FindName(panel, name.c_str());
+    if (!GoToPath(state, ParentOfPath(target))) return;
+    FindName(panel, NameOfPath(target).c_str());
     panel.needPaint = true;
 }
 
@@ -82,13 +81,15 @@ void GoToOtherPath(LoopState& state) {
 }
 
 void GoToTopOrOther(LoopState& state, const KeyPress& key) {
-    if (!state.Active().showing) return;
-    if (key.modifiers & kModifierShift) return GoToOtherPath(state);
+    if (!state.Active().showing || key.modifiers & kModifierAlt) return;
+    if (key.HasShift()) return GoToOtherPath(state);
     const Westring& mountPoint = state.Active().mountPoint;
     GoToPath(state, mountPoint.IsEmpty() ? Westring(L"/") : Westring(mountPoint));
 }
 
 void Reread(LoopState& state, const KeyPress&) {
+    // Then the key belongs to the choice of a mount point, which is not there yet.
+    if (settings.ctrlRDriveChng) return;
     RereadSide(state, state.panels.active);
 }
 

@@ -60,6 +60,7 @@ bool TurnSortKeyIntoMenuCode(LoopState& state, KeyPress& key) {
 
 bool TakeText(LoopState& state, KeyPress& key) {
     if (key.code == kKeyCtrlBackspace || key.code < ' ' || (key.code & kNotText)) return false;
+    if (key.code & kKeyGrey) return false;  // commands of the panels
     if (key.code <= kLargestCharacter) {
         state.line.Insert(static_cast<wchar_t>(key.code));
         state.drawLine = kDrawCommandLine;

@@ -12,6 +12,8 @@ namespace zt {
 
 namespace {
 
+constexpr int32_t kCtrlBracket = 0x9001A;  // where the keyboard tells it from Esc
+
 void AfterEdit(LoopState& state) {
     state.drawLine = kDrawCommandLine;
 }
@@ -97,7 +99,9 @@ void PasteLine(LoopState& state, const KeyPress&) {
 }
 
 void Escape(LoopState& state, const KeyPress& key) {
-    if (key.modifiers & kModifierCtrl) return InsertLeftPath(state, key);
+    if (key.modifiers & kModifierCtrl || key.code == kCtrlBracket) {
+        return InsertLeftPath(state, key);
+    }
     if (state.line.IsEmpty() && settings.escPanelSwitch) return TogglePanels(state, key);
     state.line.Clear();
     state.Active().searchText.Clear();

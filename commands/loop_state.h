@@ -6,6 +6,8 @@
 
 #include "commands/command_history.h"
 #include "commands/command_line.h"
+#include "console/event.h"
+#include "console/key_codes.h"
 #include "console/read_key.h"
 #include "panels/panel_pair.h"
 #include "panels/tagging.h"
@@ -25,6 +27,9 @@ struct KeyPress {
     int32_t modifiers = 0;
     int32_t unicode = 0;
     MouseEvent mouse;
+
+    // By the modifiers that came with it, or by a code that only Shift gives.
+    bool HasShift() const { return modifiers & kModifierShift || code & kKeyCtrlShiftLetter; }
 };
 
 struct LoopState {

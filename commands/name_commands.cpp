@@ -2,7 +2,6 @@
 
 #include <cwctype>
 
-#include "console/event.h"
 #include "console/program_state.h"
 #include "foundation/file_name.h"
 #include "foundation/shell_text.h"
@@ -69,7 +68,7 @@ void InsertFullPath(LoopState& state, const KeyPress& key) {
     const entry* current = state.Active().Current();
     if (!current) return;
     const Westring path = FullPath(state, *current);
-    if (key.modifiers & kModifierShift) {
+    if (key.HasShift()) {
         console->SetClipboardText(ShownText(path));
         return;
     }
@@ -80,7 +79,7 @@ void InsertFullPath(LoopState& state, const KeyPress& key) {
 void CompleteName(LoopState& state, const KeyPress& key) {
     const entry* current = state.Active().Current();
     if (!current || !state.Active().IsShowingFiles()) return;
-    if (key.modifiers & kModifierShift) {
+    if (key.HasShift()) {
         console->SetClipboardText(ShownText(current->name));
         return;
     }
@@ -91,7 +90,7 @@ void CompleteName(LoopState& state, const KeyPress& key) {
 void CompleteLine(LoopState& state, const KeyPress& key) {
     const int position = state.line.Position();
     if (position > 0 && iswalnum(static_cast<wint_t>(state.line.Text()[position - 1]))) {
-        state.history.Complete(state.line, key.modifiers & kModifierShift ? -1 : 1);
+        state.history.Complete(state.line, key.HasShift() ? -1 : 1);
         state.drawLine = kDrawCommandLine;
         return;
     }

@@ -32,7 +32,7 @@ int RowAt(const CPanel& panel, int column, int row) {
     const int within = column - panel.window->Left();
     const int entryRow = row - 1;
     if (panel.style == kStyleBrief) {
-        const int entryColumn = within * 3 / (PanelWidth(panel) - 2);
+        const int entryColumn = within * 3 / std::max(PanelWidth(panel) - 2, 1);
         return entryRow + (entryColumn > 2 ? 2 : entryColumn) * panelRows;
     }
     if (panel.style == kStyleBriefWide && within >= PanelWidth(panel) / 2) {

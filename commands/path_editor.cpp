@@ -14,7 +14,8 @@ namespace {
 
 constexpr int kWidth = 60;
 constexpr int kHeight = 20;
-constexpr int kFewLines = 26;  // below it the box leaves five lines of the screen
+constexpr int kLeastHeight = 3;  // the frame and one entry
+constexpr int kFewLines = 26;    // below it the box leaves five lines of the screen
 constexpr char kKeysHint[] = " Insert Delete F4=Edit Alt-A=Append Alt-\u2191\u2193 ";
 
 // Where the typed text goes: a field without a frame, exactly over its row of the list.
@@ -48,7 +49,7 @@ private:
 };
 
 int Height() {
-    return screenLines < kFewLines ? screenLines - 5 : kHeight;
+    return screenLines < kFewLines ? std::max(screenLines - 5, kLeastHeight) : kHeight;
 }
 
 CPathEditor::CPathEditor(const Westring& path, const char* title)

@@ -22,8 +22,8 @@ void ProgramConfiguration::ShowMessage(const Westring& message, const wchar_t* n
 }
 
 void ProgramConfiguration::ScreenSettingsChanged() {
-    ResizeScreen(settings.lines > 0 ? settings.lines : screenLines,
-                 settings.columns > 0 ? settings.columns : screenColumns);
+    ResizeAndReopen(state_, settings.lines > 0 ? settings.lines : screenLines,
+                    settings.columns > 0 ? settings.columns : screenColumns);
 }
 
 int ProgramConfiguration::ScreenRows() {

@@ -4,7 +4,9 @@
 
 #include "console/program_state.h"
 #include "foundation/settings.h"
+#include "panels/panel_switching.h"
 #include "panels/panel_window.h"
+#include "ui/clock_window.h"
 
 namespace zt {
 
@@ -44,6 +46,7 @@ void ReopenBoth(LoopState& state, const bool (&wasShowing)[2]) {
         ComputeVisibleEntries(state.panels.panel[side]);
         if (wasShowing[side]) OpenPanelWindow(state.panels.panel[side], side);
     }
+    UpdateSelectableRect(state.panels);
     state.DrawAll();
 }
 
@@ -54,17 +57,29 @@ void RefreshScreenSize() {
     panelRows = settings.fullScreen ? screenLines - 6 : screenLines - (screenLines / 2 + 2);
 }
 
-void ResizeScreen(int rows, int columns) {
+void MakeFunctionKeyBar(LoopState& state) {
+    // The old bar restores what it hid, so it must be gone before the new one looks.
+    state.functionKeys.reset();
+    state.functionKeys = std::make_unique<CFunctionKeyBar>();
+    state.drawLine = kDrawLineBarAndTitle;
+}
+
+void ResizeScreen(LoopState& state, int rows, int columns) {
+    // What these two hid belongs to the old grid and must not come back on the new one.
+    DeleteClockWindow();
+    const bool hadBar = state.functionKeys != nullptr;
+    state.functionKeys.reset();
     if (console->Resize(columns, rows, settings.fontFamily.c_str(), settings.fontSize) == 0) {
         console->Beep();
     }
     RefreshScreenSize();
+    if (hadBar) MakeFunctionKeyBar(state);
 }
 
 void ResizeAndReopen(LoopState& state, int rows, int columns) {
     bool wasShowing[2];
     CloseBoth(state, wasShowing);
-    ResizeScreen(rows, columns);
+    ResizeScreen(state, rows, columns);
     ReopenBoth(state, wasShowing);
 }
 

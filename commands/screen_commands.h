@@ -7,8 +7,11 @@ namespace zt {
 
 // Reads the grid's size into screenColumns and screenLines, and derives panelRows.
 void RefreshScreenSize();
-// A new grid. Everything on it is lost: the caller draws afresh.
-void ResizeScreen(int rows, int columns);
+// A new grid, with a new function-key bar where there was one. Everything else on it is lost: the
+// caller closes the panels before and draws afresh.
+void ResizeScreen(LoopState& state, int rows, int columns);
+// A new bar for the present size of the screen.
+void MakeFunctionKeyBar(LoopState& state);
 
 // The same with the panels closed before and opened again.
 void ResizeAndReopen(LoopState& state, int rows, int columns);

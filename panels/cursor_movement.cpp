@@ -87,6 +87,7 @@ void ClampCursor(CPanel& panel) {
 void PageUp(CPanel& panel) {
     panel.searchText.Clear();
     if (!panel.IsShowingFiles()) return;
+    if (panel.visibleEntries <= 0) return;
     if (panel.top == 0) {
         panel.cursor = 0;
         return;

@@ -1,6 +1,7 @@
 // Turning panels on and off, and changing sides.
 #include "panels/panel_switching.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "console/program_state.h"
@@ -17,15 +18,6 @@ namespace {
 
 constexpr int kTitleColumns = 50;
 constexpr int kCommandLines = 2;  // command line and function-key bar
-
-// While no panel shows, the mouse may select the screen's text.
-void UpdateSelectableRect(const PanelPair& panels) {
-    if (BothPanelsOff(panels)) {
-        console->SetSelectableRect(0, 0, screenColumns, screenLines - kCommandLines, false);
-    } else {
-        console->ClearSelectableRect();
-    }
-}
 
 void ActivateOneThatShows(PanelPair& panels) {
     if (!panels.Active().showing && panels.Inactive().showing) panels.active = 1 - panels.active;
@@ -64,6 +56,15 @@ void SwapItems(Collection& a, Collection& b) {
 }
 
 }  // namespace
+
+void UpdateSelectableRect(const PanelPair& panels) {
+    if (BothPanelsOff(panels)) {
+        const int rows = std::max(screenLines - kCommandLines, 0);
+        console->SetSelectableRect(0, 0, screenColumns, rows, false);
+    } else {
+        console->ClearSelectableRect();
+    }
+}
 
 void Activate(PanelPair& panels, int side) {
     panels.active = side;

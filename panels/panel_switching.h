@@ -15,6 +15,9 @@ bool SwitchPanel(PanelPair& panels);
 void TogglePanel(PanelPair& panels, int side);
 // Half to full width and back.
 void TogglePanelWidth(PanelPair& panels, int side);
+// While no panel shows, the mouse may select the screen's text. To be called when the screen has
+// another size, or panels came or went by other ways than those above.
+void UpdateSelectableRect(const PanelPair& panels);
 // Both off, or those that were on before on again.
 void PanelsOnOff(PanelPair& panels);
 // Left and right change places, with all that is in them.

@@ -26,7 +26,6 @@ constexpr const char* kIconPaths[] = {
     "/usr/share/icons/hicolor/16x16/apps/zanthe.png",
     "/usr/share/icons/hicolor/scalable/apps/zanthe.svg",
 };
-constexpr int kDefaultCodePage = 850;
 constexpr int kLeastColumns = 80;
 constexpr int kLeastLines = 25;
 constexpr int kCursorAtExitPercent = 15;
@@ -71,14 +70,14 @@ void Application::LoadIcons() {
 
 void Application::SetUpLocale() {
     InitLocaleFormats();
-    console->SetCodePage(settings.codePage == 0 ? kDefaultCodePage : settings.codePage);
+    console->SetCodePage(ConsoleCodePage(settings.codePage));
 }
 
 // The lines stay as they are, even when they are few: only the columns are mended.
 void Application::EnforceMinimumSize() {
     RefreshScreenSize();
     if (screenColumns < kLeastColumns || screenLines < kLeastLines) {
-        ResizeScreen(screenLines, kLeastColumns);
+        ResizeScreen(state, screenLines, kLeastColumns);
     }
 }
 
@@ -95,6 +94,7 @@ void Application::OpenPanels() {
     console->WriteStream("\n\n");
     for (int side = 0; side < 2; side++)
         InitFromSettings(state.panels.panel[side], side);
+    UpdateSelectableRect(state.panels);
     state.panels.active = settings.startupSide == 'R' ? 1 : 0;
     SetWindowTitle(nullptr);
     Activate(state.panels, state.panels.active);

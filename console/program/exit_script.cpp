@@ -5,14 +5,14 @@
 
 namespace zt {
 
-void WriteExitScript(const Estring& file, const Westring& path) {
+void WriteExitScript(const Westring& file, const Westring& path) {
     Estring script = NameToBytes(path.Left(1));
     script += ":\r\ncd \"";
     script += NameToBytes(path.Right(path.Length() - 2));
     script += "\"\r\n";
 
     StdFile out;
-    if (out.Open(file.c_str(), StdFile::kWrite | StdFile::kCreate) != 0) return;
+    if (out.Open(file, StdFile::kWrite | StdFile::kCreate) != 0) return;
     out.Write(script.c_str(), script.Length());
     out.Close();
 }

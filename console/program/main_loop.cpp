@@ -1,6 +1,9 @@
 #include "console/program/main_loop.h"
 
+#include <algorithm>
+
 #include "commands/dispatch.h"
+#include "commands/screen_commands.h"
 #include "console/program_state.h"
 #include "foundation/settings.h"
 #include "panels/cursor_movement.h"
@@ -74,7 +77,9 @@ void DrawPass(LoopState& state) {
         panel.savedTop = panel.top;
         panel.savedCursor = panel.cursor;
     }
-    console->SetCursor(state.line.CursorColumn(), screenLines - 2);
+    // On a grid too small for the line the cursor still has a cell.
+    console->SetCursor(std::min(state.line.CursorColumn(), screenColumns - 1),
+                       std::max(screenLines - 2, 0));
 }
 
 // The cursor shows only while the program waits for a key.
@@ -96,13 +101,6 @@ KeyPress NextKey(LoopState& state) {
 }
 
 }  // namespace
-
-void MakeFunctionKeyBar(LoopState& state) {
-    // The old bar restores what it hid, so it must be gone before the new one looks.
-    state.functionKeys.reset();
-    state.functionKeys = std::make_unique<CFunctionKeyBar>();
-    state.drawLine = kDrawLineBarAndTitle;
-}
 
 void RunMainLoop(LoopState& state) {
     while (!state.leave) {

@@ -8,7 +8,4 @@ namespace zt {
 // Runs until a command sets state.leave.
 void RunMainLoop(LoopState& state);
 
-// A new bar for the present size of the screen.
-void MakeFunctionKeyBar(LoopState& state);
-
 }  // namespace zt

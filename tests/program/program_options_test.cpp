@@ -1,6 +1,8 @@
 // The command line: each option, each message, and which word counts as a configuration file.
 #include "console/program/program_options.h"
 
+#include "foundation/normalize_path.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -34,7 +36,7 @@ TEST(ProgramOptions, TakesEveryOptionInEitherCaseAndWithEitherSign) {
         EXPECT_STREQ(L"/a", options.directories[0].c_str());
         EXPECT_STREQ(L"/b", options.directories[1].c_str());
         EXPECT_STREQ("c", options.remoteHost.c_str());
-        EXPECT_STREQ("/d", options.exitScript.c_str());
+        EXPECT_STREQ(L"/d", options.exitScript.c_str());
     }
 }
 
@@ -43,6 +45,32 @@ TEST(ProgramOptions, KeepsViewAndEditFile) {
     EXPECT_EQ(OptionsResult::kRun, Parse({"-v", "seen", "-e", "edited"}, options));
     EXPECT_STREQ("seen", options.viewFile.c_str());
     EXPECT_STREQ("edited", options.editFile.c_str());
+}
+
+TEST(ProgramOptions, KeepsTheScriptWhereItWasMeantToBe) {
+    const std::string here = WorkingDirectory().ToUtf8().c_str();
+    const std::string slash = here == "/" ? "" : "/";
+    ProgramOptions options;
+    EXPECT_EQ(OptionsResult::kRun, Parse({"-x", "a\\b/./script"}, options));
+    EXPECT_EQ(here + slash + "a\\b/script", options.exitScript.ToUtf8().c_str());
+}
+
+TEST(ProgramOptions, TellWhichFeatureIsMissing) {
+    const struct {
+        std::vector<const char*> words;
+        const char* message;
+    } rows[] = {
+        {{"-l", "/", "-r", "/", "-x", "/tmp/s"}, ""},
+        {{"-v", "f"}, "the internal viewer (-v) is not there yet\n"},
+        {{"-e", "f"}, "the internal editor (-e) is not there yet\n"},
+        {{"-e", "f", "-v", "g"}, "the internal viewer (-v) is not there yet\n"},
+        {{"-h", "host"}, "remote sessions (-h) are not there yet\n"},
+    };
+    for (const auto& row : rows) {
+        ProgramOptions options;
+        EXPECT_EQ(OptionsResult::kRun, Parse(row.words, options));
+        EXPECT_STREQ(row.message, MissingFeature(options).c_str()) << row.words[0];
+    }
 }
 
 TEST(ProgramOptions, RefusesUnknownLetters) {

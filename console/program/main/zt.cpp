@@ -21,6 +21,11 @@ int main(int argc, char** argv) {
         fputs(OptionsMessage(parsed, true).c_str(), stdout);
         return 1;
     }
+    const Estring missing = MissingFeature(options);
+    if (!missing.IsEmpty()) {
+        fprintf(stderr, "zt: %s", missing.c_str());
+        return 1;
+    }
     console = &window->Console();
     window->SetRemoteHost(options.remoteHost);
     const int status = Application(programPath, false, options).Run();

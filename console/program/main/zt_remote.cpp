@@ -17,6 +17,11 @@ int main(int argc, char** argv) {
         fputs(OptionsMessage(parsed, false).c_str(), stderr);
         return 1;
     }
+    const Estring missing = MissingFeature(options);
+    if (!missing.IsEmpty()) {
+        fprintf(stderr, "zt-remote: %s", missing.c_str());
+        return 1;
+    }
     WireDescriptors wire;
     if (!ClaimStandardStreams(wire)) {
         perror("zt-remote");
