@@ -27,6 +27,11 @@ int32_t MouseCell(int32_t value) {
                                std::numeric_limits<int16_t>::max());
 }
 
+// The wheel turns by one at a time; what is more would be multiplied further up.
+int32_t WheelStep(int32_t value) {
+    return std::clamp<int32_t>(value, -1, 1);
+}
+
 bool DecodeEvent(const CParameterList& list, TEvent& event) {
     int32_t* const fields[kEventFields] = {&event.kind,   &event.code, &event.modifiers,
                                            &event.column, &event.row,  &event.unicode};
@@ -35,6 +40,7 @@ bool DecodeEvent(const CParameterList& list, TEvent& event) {
         if (CParameterList::GetInteger(list.Peek(i), *fields[i])) found++;
     event.column = MouseCell(event.column);
     event.row = MouseCell(event.row);
+    if (event.kind == static_cast<int32_t>(EventKind::kWheel)) event.code = WheelStep(event.code);
     return found > 0 && event.kind >= static_cast<int32_t>(EventKind::kKey) &&
            event.kind <= static_cast<int32_t>(EventKind::kQuit);
 }

@@ -16,7 +16,7 @@ public:
     virtual ~IDisplayListener() = default;
     virtual void TakeReply(std::unique_ptr<CParameterList> reply) = 0;
     // Fields that did not come are 0. An event without any field, or of an unknown kind, is not
-    // passed on. Mouse cells are within 16 bits.
+    // passed on. Mouse cells are within 16 bits, and the wheel turns by 1 at most.
     virtual void TakeEvent(const TEvent& event) = 0;
 };
 

@@ -1,5 +1,6 @@
 // What the session around a remote connection does at the handshake. Owned by the session; called
-// on the thread that feeds the connection.
+// on the thread that feeds the connection. However often the far end repeats the handshake,
+// Connected and StartEvents come once.
 #pragma once
 
 namespace zt {

@@ -111,12 +111,14 @@ void CRemoteConnection::Dispatch(int opcode, CParameterList& parameters) {
 }
 
 void CRemoteConnection::Handshake(CParameterList& parameters) {
+    // A far end that says it twice gets its answer twice, but events have one sender.
+    const bool isFirst = !connected;
     connected = true;
-    session.Connected();
+    if (isFirst) session.Connected();
     int32_t version = 0;
     const bool isOurs =
         CParameterList::GetInteger(parameters.Peek(0), version) && version == kProtocolVersion;
-    session.StartEvents();
+    if (isFirst) session.StartEvents();
     CParameterList reply;
     reply.AddInteger(isOurs ? 1 : 0);
     writer.WriteReply(reply);

@@ -1,6 +1,7 @@
 // The far end's reader: replies and events whole, cut, short, and among noise.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "console/wire/display_input.h"
@@ -18,8 +19,13 @@ public:
         log += "reply";
         for (int i = 0; i < reply->Count(); i++) {
             int32_t value = 0;
-            log += CParameterList::GetInteger(reply->Peek(i), value) ? " " + std::to_string(value)
-                                                                     : " ?";
+            Westring text;
+            if (CParameterList::GetInteger(reply->Peek(i), value))
+                log += " " + std::to_string(value);
+            else if (CParameterList::GetUnicodeString(reply->Peek(i), text))
+                log += std::string(" ") + text.ToUtf8().c_str();
+            else
+                log += " ?";
         }
         log += ";";
     }
@@ -59,6 +65,58 @@ TEST(WireDisplayInput, ReadsFramesCutAnywhere) {
         EXPECT_EQ(Read(bytes, piece), expected) << "in pieces of " << piece;
 }
 
+// What the payloads hold looks like frames: it is none.
+TEST(WireDisplayInput, ReadsEachFrameOnceSplitAtEachByte) {
+    const std::string inside = B::Event(6).Ints({0, 66, 0, 0, 0, 0});
+    const B frames[] = {
+        kKey,
+        kReply,
+        B::Reply(0),
+        B::Reply(2).Int(1).Uni("clip \xE2\x95\x91 text"),
+        B::Reply(1).Str(inside),
+        B::Reply(1).Cells("ab\xC3\xA9", "\xDF\xFD\x06"),
+        B::Event(7).Ints({0, 65, 4, 0, 0, 97}).Str(inside + B::Reply(1).Int(1).bytes),
+        B::Event(5).Ints({6, 0, 0, 0, 0}),
+    };
+    for (const B& frame : frames) {
+        const std::string bytes = frame + kKey;
+        const std::string expected = Read(bytes);
+        EXPECT_EQ(std::count(expected.begin(), expected.end(), ';'), 2) << expected;
+        for (size_t at = 1; at < bytes.size(); at++) {
+            Recorder recorder;
+            DisplayInput input(recorder);
+            for (const std::string& part : {bytes.substr(0, at), bytes.substr(at)})
+                input.Feed(reinterpret_cast<const uint8_t*>(part.data()),
+                           static_cast<int>(part.size()));
+            EXPECT_EQ(recorder.log, expected) << Hex(frame) << " split at " << at;
+            EXPECT_EQ(input.Pending(), 0);
+        }
+    }
+}
+
+// A payload that its type cannot have is no parameter: what stands behind it moves up.
+TEST(WireDisplayInput, PassesOverPayloadsOfWrongLengths) {
+    const struct {
+        B frame;
+        const char* text;
+    } rows[] = {
+        {B::Event(2).Parameter(0, "12345").Int(6), "event 6 0 0 0 0 0;"},
+        {B::Event(7).Parameter(0, std::string(65535, 'x')).Ints({0, 65, 4, 0, 0, 97}), kKeyText},
+        {B::Event(6).Ints({0, 65, 4, 0, 0}).Parameter(0, "12345"), "event 0 65 4 0 0 0;"},
+        {B::Event(1).Parameter(0, "12345"), ""},
+        {B::Reply(2).Parameter(3, "").Int(5), "reply 5;"},
+        {B::Reply(2).Parameter(3, "ab").Int(5), "reply 5;"},
+        {B::Reply(2).Parameter(4, "abc").Int(5), "reply 5;"},
+        {B::Reply(1).Parameter(0, "12345"), "reply;"},
+        {B::Reply(1).Uni(std::string(65535, 'u')), nullptr},
+    };
+    for (const auto& row : rows) {
+        const std::string found =
+            row.text != nullptr ? row.text : "reply " + std::string(65535, 'u') + ";";
+        EXPECT_EQ(Read(row.frame + kKey), found + kKeyText) << Hex(row.frame).substr(0, 99);
+    }
+}
+
 TEST(WireDisplayInput, TakesMissingFieldsAs0) {
     const struct {
         B event;
@@ -86,6 +144,16 @@ TEST(WireDisplayInput, DropsEventsThatSayNothing) {
 TEST(WireDisplayInput, BringsMouseCellsIntoRange) {
     EXPECT_EQ(Read(B::Event(6).Ints({1, 1, 0, INT32_MAX, INT32_MIN, 0})),
               "event 1 1 0 32767 -32768 0;");
+}
+
+TEST(WireDisplayInput, TurnsTheWheelByOne) {
+    for (const auto& [sent, taken] :
+         {std::pair{1, 1}, {-1, -1}, {0, 0}, {INT32_MAX, 1}, {INT32_MIN, -1}}) {
+        EXPECT_EQ(Read(B::Event(6).Ints({5, sent, 0, 3, 4, 0})),
+                  "event 5 " + std::to_string(taken) + " 0 3 4 0;");
+    }
+    // Of a key the number is its code.
+    EXPECT_EQ(Read(B::Event(2).Ints({0, INT32_MIN})), "event 0 -2147483648 0 0 0 0;");
 }
 
 TEST(WireDisplayInput, PassesOverWhatIsNoFrame) {

@@ -38,6 +38,14 @@ const struct {
     {"cells", B::Request(15, 3).Ints({1, 2}).Cells("ab\xC3\xA9", "\x11\x12\x13")},
     {"rectangle", B::Request(19, 5).Ints({0, 0, 2, 2}).Cells("abcd", "1234")},
     {"long title", B::Request(11, 1).Uni(std::string(70, 't'))},
+    {"scroll", B::Request(9, 6).Ints({0, 0, 20, 4, 1}).Attr(0x21)},
+    {"teletype text", B::Request(22, 1).Str("one\r\ntwo")},
+    {"cursor query", B::Request(3, 0)},
+    {"cells query", B::Request(18, 4).Ints({0, 0, 20, 2})},
+    {"clipboard query", B::Request(21, 0)},
+    {"resize", B::Request(7, 4).Ints({40, 12}).Str("Mono").Int(9)},
+    {"wrong lengths",
+     B::Request(4, 3).Parameter(0, "12345").Parameter(3, "").Parameter(4, "\xBF\xFB\x17\0\0\0"s)},
     {"an unknown opcode", B::Request(27, 3).Int(1).Str("\xBF\xFB\x17\x00\x00\x00"s).Attr(1)},
 };
 
@@ -46,7 +54,7 @@ std::string Fingerprint(LocalDisplay& display) {
     display.screen.GetCursor(column, row);
     return std::to_string(display.screen.beeps) + "/" + std::to_string(column) + "," +
            std::to_string(row) + "/" + std::to_string(display.screen.painted.size()) + "/" +
-           display.screen.title + "/" + ScreenText(display.screen);
+           display.screen.title + "/" + ScreenText(display.screen) + "/" + Hex(display.Answers());
 }
 
 // Every request before a beep, split in two at every byte.
@@ -176,6 +184,30 @@ TEST(WireFrameParser, StallsAtAnUnknownParameterType) {
     EXPECT_EQ(Hex(display.Answers()), "");
 }
 
+TEST(WireFrameParser, StallsWhereverTheUnknownTypeIsCut) {
+    const std::string bytes =
+        B::Request(23, 2).Int(1).Parameter(5, "x") + B::Request(23, 0) + B::Request(3, 0);
+    for (size_t at = 1; at < bytes.size(); at++) {
+        LocalDisplay display;
+        display.Feed(kHandshake);
+        display.Answers();
+        display.Feed(bytes.substr(0, at));
+        display.Feed(bytes.substr(at));
+        EXPECT_EQ(display.screen.beeps, 0) << "cut at " << at;
+        EXPECT_EQ(Hex(display.Answers()), "") << "cut at " << at;
+    }
+}
+
+TEST(WireFrameParser, StallsBeforeTheHandshakeToo) {
+    LocalDisplay display;
+    display.Feed(B("before") + B::Request(11, 1).Parameter(9, "x") + B("behind"));
+    EXPECT_EQ(ScreenText(display.screen), "before");
+    display.Feed(B("later") + kHandshake);
+    EXPECT_EQ(ScreenText(display.screen), "before");
+    EXPECT_FALSE(display.connection->IsConnected());
+    EXPECT_EQ(Hex(display.Answers()), "");
+}
+
 TEST(WireFrameParser, StallsAtAFrameThatNeverEnds) {
     LocalDisplay display;
     display.Feed(kHandshake);
@@ -192,6 +224,13 @@ TEST(WireFrameParser, AnswersTheHandshakeOnceEventsCanLeave) {
     EXPECT_EQ(Hex(display.Ask(kHandshake)), Hex(kAccepted));
     EXPECT_EQ(display.session.calls, "connected events ");
     EXPECT_TRUE(display.connection->IsConnected());
+}
+
+TEST(WireFrameParser, StartsEventsOnceHoweverOftenTheHandshakeComes) {
+    LocalDisplay display;
+    EXPECT_EQ(Hex(display.Ask(kHandshake + kHandshake)), Hex(kAccepted + kAccepted));
+    display.Feed(B::Request(0, 1).Int(2));
+    EXPECT_EQ(display.session.calls, "connected events wrong-version ");
 }
 
 TEST(WireFrameParser, RefusesOtherVersions) {

@@ -343,6 +343,60 @@ TEST_F(WireOpcodes, DoesNothingForOtherCountsAndTypes) {
     EXPECT_GT(tried, 200);
 }
 
+// A payload that its type cannot have is no parameter, so the request is short of one.
+TEST_F(WireOpcodes, DoesNothingForPayloadsOfWrongLengths) {
+    const std::string five = "12345";
+    const std::string none = B::Reply(0);
+    const std::string refused = B::Reply(1).Int(0);
+    const struct {
+        B request;
+        std::string answer;
+    } rows[] = {
+        {B::Request(4, 2).Int(1).Parameter(0, five), ""},
+        {B::Request(5, 1).Parameter(0, five), ""},
+        {B::Request(7, 2).Int(30).Parameter(0, five), refused},
+        {B::Request(7, 4).Int(30).Int(10).Str("Mono").Parameter(0, five), refused},
+        {B::Request(8, 5).Ints({0, 0, 5, 5}).Parameter(3, ""), ""},
+        {B::Request(8, 5).Ints({0, 0, 5, 5}).Parameter(3, "ab"), ""},
+        {B::Request(9, 6).Ints({0, 0, 5, 5, 1}).Parameter(3, "ab"), ""},
+        {B::Request(12, 1).Parameter(0, std::string(65535, '1')), ""},
+        {B::Request(14, 1).Parameter(3, ""), ""},
+        {B::Request(14, 1).Parameter(3, "ab"), ""},
+        {B::Request(15, 3).Ints({0, 0}).Parameter(4, "no end"), ""},
+        {B::Request(15, 4).Ints({0, 0}).Uni("text").Parameter(3, "ab"), ""},
+        {B::Request(16, 4).Ints({0, 0, 3}).Parameter(4, ""), ""},
+        {B::Request(17, 4).Ints({0, 0, 3}).Parameter(3, "ab"), ""},
+        {B::Request(18, 4).Ints({0, 0, 1}).Parameter(0, five), none},
+        {B::Request(19, 5).Ints({0, 0, 1, 1}).Parameter(4, "x"), ""},
+        {B::Request(24, 4).Ints({0, 0, 9}).Parameter(0, five), ""},
+    };
+    const std::string before = StateOf(Screen());
+    for (const auto& row : rows) {
+        EXPECT_EQ(Hex(Ask(row.request)), Hex(row.answer)) << Hex(row.request).substr(0, 99);
+        EXPECT_TRUE(StateOf(Screen()) == before) << Hex(row.request).substr(0, 99);
+    }
+    Feed(B::Request(23, 0));
+    EXPECT_EQ(Screen().beeps, 1);
+}
+
+TEST_F(WireOpcodes, TakesPayloadsOfTheGreatestLength) {
+    const std::string longest(65535, 'q');
+    Feed(B::Request(11, 1).Uni(longest));
+    EXPECT_TRUE(Screen().title == longest);
+    Feed(B::Request(20, 1).Uni(longest));
+    EXPECT_EQ(Screen().clipboard.Length(), 65535);
+    EXPECT_TRUE(Ask(B::Request(21, 0)) == B::Reply(2).Int(1).Uni(longest).bytes);
+    Feed(B::Request(15, 4).Ints({0, 0}).Uni(longest).Attr(0x1B));
+    EXPECT_EQ(Row(0), std::string(20, 'q'));
+    const std::string text(32767, 'c');
+    Feed(B::Request(15, 3).Ints({0, 2}).Cells(text, std::string(32767, '\x30')));
+    EXPECT_EQ(Row(2), std::string(20, 'c'));
+    EXPECT_EQ(Row(3), "");
+    Feed(B::Request(22, 1).Str(longest));
+    EXPECT_EQ(Row(0), std::string(20, 'q'));
+    EXPECT_EQ(Row(5), std::string(65535 % 20, 'q'));
+}
+
 TEST_F(WireOpcodes, FillsNothingWithThreeParameters) {
     const std::string before = StateOf(Screen());
     Feed(B::Request(8, 3).Ints({0, 0, 5}));
