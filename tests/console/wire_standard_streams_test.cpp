@@ -47,6 +47,7 @@ TEST(WireStandardStreams, CarryFramesAndNothingElse) {
     for (int* ends : {in, out, error})
         ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
     ASSERT_EQ(write(in[1], "input", 5), 5);
+    std::fflush(nullptr);  // what waits to be printed is not the child's
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) RunOnPipes(in[0], out[1], error[1]);
