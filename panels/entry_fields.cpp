@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -46,11 +47,13 @@ Westring Digits(uint64_t value) {
     return digits;
 }
 
+constexpr const wchar_t* kUnits = L"KMGT";
+
 Westring PlainSize(uint64_t size, int width) {
     if (size < PowerOfTen(width)) return Digits(size);
     // Units beyond M are for what M cannot show in the column.
     const uint64_t limit = PowerOfTen(width - 1);
-    const wchar_t* unit = L"KMGT";
+    const wchar_t* unit = kUnits;
     for (size /= 1024; size >= limit && unit[1] != 0; ++unit)
         size /= 1024;
     return Digits(size) + Westring::Repeat(*unit, 1);
@@ -58,13 +61,27 @@ Westring PlainSize(uint64_t size, int width) {
 
 Westring SizeText(uint64_t size, int width) {
     if (static_cast<int64_t>(size) < 0) return Westring();
-    if (!settings.thousandSep) return PlainSize(size, width);
-    Westring text;
-    FormatSize64(size, text, width);
-    return text;
+    return settings.thousandSep ? FormatSize(size, width) : PlainSize(size, width);
 }
 
 }  // namespace
+
+// A value that equals the limit takes the next unit, which FormatSize64 does for the first only:
+// a column has no room to spare.
+Westring FormatSize(uint64_t value, int width) {
+    constexpr int kMostDigits = 18;
+    uint64_t limit = PowerOfTen(std::clamp(width - width / 4, 0, kMostDigits));
+    const wchar_t* unit = kUnits;
+    for (; value >= limit && *unit != 0; ++unit) {
+        const bool first = unit == kUnits;
+        if (first && width % 4 != 0) limit = std::max<uint64_t>(limit / 10, 1);
+        value /= 1024;
+    }
+    Westring text;
+    GroupThousands(Digits(value).c_str(), text);
+    if (unit != kUnits) text += unit[-1];
+    return text;
+}
 
 Westring SizeField(const entry& e, int width) {
     if (e.IsDirectory() && e.level == 0) {

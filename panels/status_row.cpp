@@ -2,7 +2,7 @@
 #include "panels/status_row.h"
 
 #include "foundation/result_codes.h"
-#include "foundation/size_text.h"
+#include "panels/entry_fields.h"
 #include "panels/entry_row.h"
 #include "panels/panel_pair.h"
 #include "ui/abbreviate_path.h"
@@ -17,10 +17,10 @@ CellString ErrorCells(const CPanel& panel, int width) {
     return CellString(text, Colour(ColourClass::kTagged)).Padded(width);
 }
 
+// Of a long text the end shows, where the next character goes.
 CellString SearchCells(const CPanel& panel, int width) {
-    constexpr int kMargin = 7;
-    Westring text = "Search: " + panel.searchText;
-    if (text.Length() + kMargin > width) text = text.Right(width - kMargin);
+    const Westring label = "Search: ";
+    const Westring text = label + panel.searchText.Right(width - label.Length());
     return CellString(text, Colour(ColourClass::kTagged)).Padded(width);
 }
 
@@ -28,9 +28,7 @@ CellString TaggedCells(const CPanel& panel, int width) {
     Westring tail = " bytes in ";
     tail += Westring(Estring::FromInteger(panel.taggedCount));
     tail += panel.taggedCount > 1 ? L" selected files" : L" selected file";
-    Westring text;
-    FormatSize64(panel.taggedBytes, text, width - tail.Length());
-    text = text.Trim() + tail;
+    const Westring text = FormatSize(panel.taggedBytes, width - tail.Length()) + tail;
     const int left = (width - text.Length()) / 2;
     return CellString(Westring::Repeat(L' ', left) + text, Colour(ColourClass::kTagged))
         .Padded(width);

@@ -82,6 +82,12 @@ TEST_F(EntryFields, GroupsTheDigitsOfSizes) {
         {9999999, 10, " 9,999,999"},
         {99999999, 10, "99,999,999"},
         {100000000, 10, "   97,656K"},
+        {1024000000, 8, "    976M"},      // exactly 1,000,000 K
+        {10240000000, 10, "    9,765M"},  // exactly 10,000,000 K
+        {102400000, 7, "    97M"},        // exactly 100,000 K
+        {uint64_t{1000000} << 20, 8, "    976G"},
+        {uint64_t{1000000} << 30, 8, "    976T"},
+        {0x7FFFFFFFFFFFFFFF, 10, "8,388,607T"},
         {0x8000000000000000, 8, "        "},
     };
     for (const auto& row : rows) {
@@ -89,6 +95,20 @@ TEST_F(EntryFields, GroupsTheDigitsOfSizes) {
     }
     localeFormats.thousandsSeparator = L'.';
     EXPECT_EQ(Size(1234567, 10), " 1.234.567");
+}
+
+// Up to the sizes for which even the last unit is too small.
+TEST_F(EntryFields, KeepsGroupedSizesInTheirColumn) {
+    constexpr uint64_t kEnd = uint64_t{100000} << 40;
+    for (int width = 7; width <= 30; ++width) {
+        for (uint64_t power = 1; power < kEnd; power *= 10) {
+            for (int shift = 0; shift <= 40 && power < kEnd >> shift; shift += 10) {
+                for (const uint64_t size : {(power << shift) - 1, power << shift}) {
+                    EXPECT_LE(FormatSize(size, width).Length(), width) << size;
+                }
+            }
+        }
+    }
 }
 
 TEST_F(EntryFields, LabelsDirectoriesOfUnknownTotal) {

@@ -261,6 +261,10 @@ TEST_F(Drawing, CountsTheTaggedFilesInTheStatusRow) {
     EXPECT_EQ(ClientRow(left, 20), "  1,234,567 bytes in 1 selected file  ");
     EXPECT_EQ(AttributeAt(left, 0, 20), 0x1E);
     EXPECT_EQ(AttributeAt(left, 37, 20), 0x1E);
+    left.taggedBytes = 10240000000000;  // exactly 10,000,000,000 K
+    DrawStatusRow(left);
+    EXPECT_EQ(ClientRow(left, 20), " 9,765,625M bytes in 1 selected file  ");
+    left.taggedBytes = 1234567;
     Tag(left, "big.bin");
     DrawStatusRow(left);
     EXPECT_EQ(ClientRow(left, 20), "101,234,567 bytes in 2 selected files ");
@@ -276,12 +280,43 @@ TEST_F(Drawing, ShowsTheSearchTextInTheStatusRow) {
     DrawStatusRow(left);
     EXPECT_EQ(ClientRow(left, 20), "Search: abc                           ");
     EXPECT_EQ(AttributeAt(left, 30, 20), 0x1E);
-    left.searchText = "abcdefghijklmnopqrstuvw";  // 31 with the word, 38 with the margin
+    left.searchText = "abcdefghijklmnopqrstuvwxyz0123";  // 38 with the word
     DrawStatusRow(left);
-    EXPECT_EQ(ClientRow(left, 20), "Search: abcdefghijklmnopqrstuvw       ");
-    left.searchText = "abcdefghijklmnopqrstuvwxyz";
+    EXPECT_EQ(ClientRow(left, 20), "Search: abcdefghijklmnopqrstuvwxyz0123");
+    left.searchText = "abcdefghijklmnopqrstuvwxyz01234";
     DrawStatusRow(left);
-    EXPECT_EQ(ClientRow(left, 20), "rch: abcdefghijklmnopqrstuvwxyz       ") << "its end stays";
+    EXPECT_EQ(ClientRow(left, 20), "Search: bcdefghijklmnopqrstuvwxyz01234") << "its end stays";
+    EXPECT_EQ(AttributeAt(left, 37, 20), 0x1E);
+}
+
+TEST_F(Drawing, CutsALongNameInTheStatusRow) {
+    const std::string name = "a-name-that-is-longer-than-the-row-is.txt";
+    tree.File(name);
+    Start();
+    MoveCursor(left, 1);
+    DrawStatusRow(left);
+    EXPECT_EQ(ClientRow(left, 20), name.substr(0, 38));
+}
+
+TEST_F(Drawing, LeavesTheStatusRowAloneWhenTheNameIsShifted) {
+    const std::string name = "a-name-that-does-not-fit-its-field";
+    tree.File(name);
+    StartWith(kStyleBrief);
+    MoveCursor(left, 1);
+    ShiftName(left, 2);
+    Pass();
+    EXPECT_EQ(ClientRow(left, 1).substr(0, 14), "name-that-d\u25BA");
+    EXPECT_EQ(ClientRow(left, 20).substr(0, 15), "a-name-that-\u25BA");
+}
+
+TEST_F(Drawing, PutsALinksArrowInTheColourOfItsFate) {
+    tree.Link("broken", "nowhere");
+    Start();
+    MoveCursor(left, 1);
+    Pass();
+    EXPECT_EQ(ClientRow(left, 20), "broken \u00BB nowhere                      ");
+    EXPECT_EQ(AttributeAt(left, 7, 20), 0x1C);
+    EXPECT_EQ(AttributeAt(left, 7, 1), 0x3C) << "on the bar";
 }
 
 TEST_F(Drawing, ShowsErrorsBeforeAllElseInTheStatusRow) {
@@ -380,6 +415,33 @@ TEST_F(Drawing, PutsTheTitleOfAFullRightPanelInItsOwnHalf) {
     right.path = "/abc";
     DrawHeader(right);
     EXPECT_EQ(screen->Text(57, 0, 6), " /abc ") << "centre 60, less 3";
+    right.path = Westring("/") + Westring::Repeat(L'x', 59);
+    DrawHeader(right);
+    EXPECT_EQ(screen->Text(15, 0, 65), "\u2550\u2550 /" + std::string(59, 'x') + " \u2557")
+        << "moved left, so that the corner stays";
+    settings.clock = true;
+    DrawHeader(right);
+    EXPECT_EQ(screen->Text(10, 0, 70), "\u2550 /" + std::string(59, 'x') + " " +
+                                           "\u2550\u2550\u2550\u2550\u2550\u2550\u2557");
+}
+
+TEST_F(Drawing, BeginsALongTitleOfAFullLeftPanelAtTheEdge) {
+    settings.sides[1].showing = false;
+    settings.sides[0].width = kWidthFull;
+    Start();
+    left.path = Westring("/") + Westring::Repeat(L'x', 59);
+    DrawHeader(left);
+    EXPECT_EQ(screen->Text(0, 0, 64), " /" + std::string(59, 'x') + " \u2550\u2564");
+}
+
+TEST_F(Drawing, TakesTheClockAwayBeforeAPanelIsDrawnOverIt) {
+    Start();
+    settings.clock = true;
+    ClosePanelWindow(right);
+    MakeClockWindow();
+    OpenPanelWindow(right, 1);
+    EXPECT_FALSE(ClockWindowShown());
+    EXPECT_EQ(screen->CharacterAt(79, 0), 0x2557u);
 }
 
 }  // namespace
