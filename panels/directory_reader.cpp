@@ -44,7 +44,10 @@ bool SamePath(const Westring& a, const Westring& b) {
 class DirectoryRead {
 public:
     explicit DirectoryRead(CPanel& panel)
-        : panel_(panel), seams_(panel.pair->seams), isRoot_(SamePath(panel.path, L"/")) {}
+        : panel_(panel),
+          seams_(panel.pair->seams),
+          isRoot_(SamePath(panel.path, L"/")),
+          isFiltered_(panel.pair->seams.filter && !SamePath(panel.filter, L"*")) {}
 
     void Run();
 
@@ -59,21 +62,25 @@ private:
     bool TakeFirst(entry*& found);
     void ReadEntries(entry* found);
     void Take(entry& found);
+    // A copy in the panel's list; null when memory ran out.
+    entry* Keep(const entry& found);
     bool IsSkipped(const entry& found) const;
     void FoldName(entry& found) const;
     void AddParentEntry();
     void RestoreTags();
-    void TellNeighbours();
+    void TellNeighbours(bool hasTotal);
     void PlaceCursorAgain();
 
     CPanel& panel_;
     const PanelSeams& seams_;
     const bool isRoot_;
+    const bool isFiltered_;
     bool isReread_ = false;
     bool foldNames_ = false;
     bool sawParent_ = false;
-    Westring rememberedName_;
-    EntryArray tagged_;  // what had a tag, or was to get one back, before a re-read
+    Westring rememberedName_;           // under the cursor before a re-read
+    entry* rememberedEntry_ = nullptr;  // the new entry of that name
+    EntryArray tagged_;                 // what had a tag, or was to get one back, before a re-read
     uint64_t filesTotal_ = 0;
     std::unique_ptr<IEntryScanner> scanner_;
     std::unique_ptr<DirReadProgress> progress_;
@@ -122,6 +129,7 @@ bool DirectoryRead::TakeFirst(entry*& found) {
         StepToParent(panel_);
     } else {
         panel_.readError = error;
+        panel_.top = panel_.cursor = 0;
     }
     return false;
 }
@@ -147,19 +155,25 @@ void DirectoryRead::Take(entry& found) {
         panel_.subdirectories.AddCopy(found.name);
     }
     if (IsSkipped(found)) return;
-    const bool isFiltered = !SamePath(panel_.filter, L"*");
-    if (isFiltered && !found.IsDirectory() && seams_.filter &&
-        !seams_.filter->Accepts(panel_, found)) {
-        return;
-    }
+    if (isFiltered_ && !found.IsDirectory() && !seams_.filter->Accepts(panel_, found)) return;
     found.group = GroupOf(found);
     if (found.IsDotDot()) sawParent_ = true;
     if (foldNames_) FoldName(found);
-    entry* kept = panel_.entries.Append(found);
+    entry* kept = Keep(found);
     if (!kept || !settings.retainCount || !panel_.tree || !seams_.tree) return;
     if (kept->IsDirectory() && seams_.tree->KnownTotal(panel_, kept->name, kept->size)) {
         kept->level = 1;
     }
+}
+
+// The entry under the cursor is looked for here, where each name is at hand, and not in the sorted
+// list, whose names lie all over the memory.
+entry* DirectoryRead::Keep(const entry& found) {
+    entry* kept = panel_.entries.Append(found);
+    if (kept && isReread_ && wcscmp(kept->name, rememberedName_.c_str()) == 0) {
+        rememberedEntry_ = kept;
+    }
+    return kept;
 }
 
 void DirectoryRead::ReadEntries(entry* found) {
@@ -182,7 +196,8 @@ void DirectoryRead::AddParentEntry() {
     entry* parent = NewEntry(L"..");
     parent->flags = kDirectory;
     parent->group = kGroupParent;
-    panel_.entries.InsertAtStart(*parent);
+    entry* kept = panel_.entries.InsertAtStart(*parent);
+    if (isReread_ && SamePath(rememberedName_, parent->name)) rememberedEntry_ = kept;
     FreeEntry(parent);
 }
 
@@ -203,11 +218,12 @@ void DirectoryRead::RestoreTags() {
     }
 }
 
-void DirectoryRead::TellNeighbours() {
+// A list that was taken over has no total of its own; the tree has had it from the other panel.
+void DirectoryRead::TellNeighbours(bool hasTotal) {
     CPanel& other = panel_.Other();
     if (seams_.tree) {
         if (other.IsTree()) seams_.tree->Follow(other, panel_.path);
-        if (panel_.tree) seams_.tree->ReadDone(panel_, filesTotal_);
+        if (panel_.tree && hasTotal) seams_.tree->ReadDone(panel_, filesTotal_);
     }
     if (other.kind == kKindInfo && seams_.info) seams_.info->Draw(other);
 }
@@ -218,7 +234,7 @@ void DirectoryRead::PlaceCursorAgain() {
         return;
     }
     ClampCursor(panel_);
-    if (!rememberedName_.IsEmpty()) FindName(panel_, rememberedName_.c_str());
+    if (rememberedEntry_) PlaceCursor(panel_, panel_.entries.IndexOf(rememberedEntry_));
 }
 
 bool DirectoryRead::CanTakeOver() const {
@@ -235,7 +251,7 @@ bool DirectoryRead::CanTakeOver() const {
 void DirectoryRead::TakeOver() {
     CPanel& other = panel_.Other();
     for (int i = 0; i < other.Count(); ++i) {
-        entry* kept = panel_.entries.Append(*other.entries.At(i));
+        entry* kept = Keep(*other.entries.At(i));
         if (!kept) break;
         kept->tagged = kept->wasTagged = 0;
     }
@@ -245,9 +261,8 @@ void DirectoryRead::TakeOver() {
     }
     panel_.subdirectories.bulkMode = false;
     panel_.readWhole = true;
-    if (panel_.sort != other.sort) {
-        SortEntries(panel_, panel_.sort, panel_.entries.Items(), panel_.Count());
-    }
+    panel_.entries.SetOrder(other.entries.Order());
+    if (panel_.sort != other.sort) SortPanel(panel_);
 }
 
 // False when the reading has ended early.
@@ -263,7 +278,7 @@ bool DirectoryRead::ReadFromDisk() {
     ReadEntries(found);
     scanner_.reset();
     AddParentEntry();
-    SortEntries(panel_, panel_.sort, panel_.entries.Items(), panel_.Count());
+    SortPanel(panel_);
     return true;
 }
 
@@ -278,14 +293,15 @@ void DirectoryRead::Run() {
     panel_.readError = 0;
     panel_.readWhole = false;
     if (seams_.tree) seams_.tree->Link(panel_);
-    if (CanTakeOver()) {
+    const bool takesOver = CanTakeOver();
+    if (takesOver) {
         TakeOver();
     } else if (!ReadFromDisk()) {
         return;
     }
     RestoreTags();
     progress_.reset();
-    TellNeighbours();
+    TellNeighbours(!takesOver);
     PlaceCursorAgain();
 }
 
@@ -299,6 +315,8 @@ static void PutOffRead(CPanel& panel) {
     panel.entries.Clear();
     panel.taggedCount = 0;
     panel.taggedBytes = 0;
+    panel.subdirectories.Clear();
+    panel.linkTargets.Clear();
     panel.top = panel.cursor = 0;
 }
 

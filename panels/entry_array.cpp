@@ -1,6 +1,7 @@
 // The growing array of a panel's entries.
 #include "panels/entry_array.h"
 
+#include <algorithm>
 #include <cstring>
 #include <cwchar>
 #include <utility>
@@ -28,6 +29,7 @@ entry* EntryArray::Append(const entry& from) {
     MakeRoom();
     items[static_cast<size_t>(Count())] = kept;
     count.store(Count() + 1, std::memory_order_relaxed);
+    order = EntryOrder();
     return kept;
 }
 
@@ -41,6 +43,7 @@ entry* EntryArray::InsertAtStart(const entry& from) {
 
 void EntryArray::Clear() {
     count.store(0, std::memory_order_relaxed);
+    order = EntryOrder();
     pool->Reset();
     if (capacity > kFirstCapacity) {
         items = std::make_unique<entry*[]>(kFirstCapacity);
@@ -52,6 +55,7 @@ void EntryArray::Swap(EntryArray& other) {
     std::swap(items, other.items);
     std::swap(capacity, other.capacity);
     std::swap(pool, other.pool);
+    std::swap(order, other.order);
     const int mine = Count();
     count.store(other.Count(), std::memory_order_relaxed);
     other.count.store(mine, std::memory_order_relaxed);
@@ -62,6 +66,13 @@ int EntryArray::Find(const wchar_t* name) const {
         if (wcscmp(items[static_cast<size_t>(i)]->name, name) == 0) return i;
     }
     return -1;
+}
+
+int EntryArray::IndexOf(const entry* item) const {
+    entry* const* const first = Items();
+    entry* const* const end = first + Count();
+    entry* const* const at = std::find(first, end, item);
+    return at == end ? -1 : static_cast<int>(at - first);
 }
 
 }  // namespace zt

@@ -9,6 +9,14 @@
 
 namespace zt {
 
+// How a list was put in order; a `sort` below 0: not at all, or not since entries came.
+struct EntryOrder {
+    int sort = -1;
+    bool natural = false;
+
+    friend bool operator==(const EntryOrder&, const EntryOrder&) = default;
+};
+
 class EntryArray {
 public:
     static constexpr int kFirstCapacity = 4096;
@@ -32,6 +40,12 @@ public:
     void Swap(EntryArray& other);
     // The index of the entry with exactly this name, or -1.
     int Find(const wchar_t* name) const;
+    // The index of this very entry, or -1. Looks into no entry.
+    int IndexOf(const entry* item) const;
+
+    // Kept by those who sort; whatever adds an entry or clears the list takes it back.
+    EntryOrder Order() const { return order; }
+    void SetOrder(const EntryOrder& value) { order = value; }
 
 private:
     void MakeRoom();
@@ -39,6 +53,7 @@ private:
     std::unique_ptr<entry*[]> items;
     int capacity = kFirstCapacity;
     std::atomic<int> count{0};
+    EntryOrder order;
     std::unique_ptr<EntryPool> pool;
 };
 

@@ -194,4 +194,28 @@ void SortEntries(const CPanel&, int sort, entry** items, int count) {
         items[i] = sorted[static_cast<size_t>(i)].item;
 }
 
+// Each group lies together, so that looking for its end touches few entries of a long list.
+static void TurnGroups(entry** items, int count) {
+    for (entry **at = items, **const end = items + count; at != end;) {
+        const char group = (*at)->group;
+        entry** const next =
+            std::partition_point(at, end, [group](const entry* e) { return e->group == group; });
+        std::reverse(at, next);
+        at = next;
+    }
+}
+
+void SortPanel(CPanel& panel) {
+    EntryArray& entries = panel.entries;
+    const bool isTurned =
+        panel.sort % kReversed != kSortUnsorted &&
+        entries.Order() == EntryOrder{ReversedSort(panel.sort), settings.naturalSort};
+    if (isTurned) {
+        TurnGroups(entries.Items(), entries.Count());
+    } else {
+        SortEntries(panel, panel.sort, entries.Items(), entries.Count());
+    }
+    entries.SetOrder({panel.sort, settings.naturalSort});
+}
+
 }  // namespace zt

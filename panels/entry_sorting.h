@@ -15,6 +15,9 @@ int CompareEntries(const entry& a, const entry& b, int sort);
 // as it is. Some 40 bytes an entry are used meanwhile.
 void SortEntries(const CPanel& panel, int sort, entry** items, int count);
 
+// Puts the panel's entries in its order. A list that is in the opposite order is only turned round.
+void SortPanel(CPanel& panel);
+
 // Makes `sort` the panel's order, in the settings too, and sorts. The cursor stays on its name.
 void SetSort(CPanel& panel, int sort);
 

@@ -86,8 +86,10 @@ void RecordDeparture(PanelPair& panels, CPanel& panel) {
 }
 
 void ClearTags(CPanel& panel) {
+    const bool hadTags = panel.taggedCount != 0;
     panel.taggedCount = 0;
     panel.taggedBytes = 0;
+    if (!hadTags) return;  // a long list is not gone through for nothing
     for (int i = 0; i < panel.Count(); ++i)
         panel.entries.At(i)->tagged = 0;
 }
@@ -178,8 +180,10 @@ void StepToParent(CPanel& panel) {
     if (panel.path.IsEmpty() || SamePath(panel.path, L"/")) return;
     Westring child;
     CutLastComponent(panel.path, child);
+    const Westring parent = panel.path;
     ClearTags(panel);
     ReadDirectory(panel);
+    if (!SamePath(panel.path, parent)) return;  // not to be read either: the read has gone on up
     if (const TPanelPosition* position = panel.positions.Lookup(panel.path)) {
         panel.top = position->top;
         FindName(panel, position->name.c_str());

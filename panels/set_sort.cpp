@@ -16,9 +16,9 @@ void SetSort(CPanel& panel, int sort) {
         ReadDirectory(panel);  // only the disk knows its own order
         return;
     }
-    const Westring name = panel.Current() ? panel.Current()->name : L"";
-    SortEntries(panel, sort, panel.entries.Items(), panel.Count());
-    if (!name.IsEmpty()) FindName(panel, name.c_str());
+    const entry* current = panel.Current();
+    SortPanel(panel);
+    if (current) PlaceCursor(panel, panel.entries.IndexOf(current));
 }
 
 }  // namespace zt

@@ -96,10 +96,14 @@ TEST_F(Reader, PutsTheReadOffWhileHiddenOrInfo) {
 TEST_F(Reader, DropsTheEntriesOfAnotherDirectoryWhenTheReadIsPutOff) {
     tree.File("a");
     tree.Folder("dir");
+    tree.Link("link", "a");
     Start();
+    ASSERT_EQ(left.linkTargets.Count(), 1);
     ClosePanelWindow(left);
     GoTo(*panels, 0, "dir");
     EXPECT_EQ(left.Count(), 0) << "dir/a would name a file that is not there";
+    EXPECT_EQ(left.subdirectories.Count(), 0);
+    EXPECT_EQ(left.linkTargets.Count(), 0);
     OpenPanelWindow(left, 0);
     EXPECT_THAT(Names(left), ElementsAre(".."));
 }
@@ -153,6 +157,10 @@ TEST_F(Reader, KeepsTheCursorOnItsNameOverAReread) {
         tree.File("e" + std::to_string(i));
     ReadDirectory(left);
     EXPECT_EQ(CurrentName(left), "f00049");
+    MoveCursor(left, -left.CurrentIndex());
+    tree.File("a");
+    ReadDirectory(left);
+    EXPECT_EQ(CurrentName(left), "..");
 }
 
 TEST_F(Reader, ClampsTheCursorWhenTheListGetsShorter) {
@@ -209,6 +217,33 @@ TEST_F(Reader, StartsInTheParentOfADirectoryThatMayNotBeRead) {
     Start("shut", "");
     EXPECT_EQ(PathOf(left), tree.Path());
     EXPECT_EQ(CurrentName(left), "shut");
+}
+
+TEST_F(Reader, StepsBackOverEveryDirectoryThatMayNotBeRead) {
+    tree.Folder("open");
+    tree.Folder("open/shut");
+    tree.Folder("open/shut/inner");
+    tree.Mode("open/shut/inner", 0111);
+    tree.Mode("open/shut", 0111);
+    Start();
+    const OrdinaryUser user;
+    ASSERT_TRUE(ChangeDirectory(left, tree.Wide("open/shut/inner")));
+    screen->PushKey(13);
+    screen->PushKey(13);
+    GoTo(*panels, 0, Westring());
+    EXPECT_EQ(screen->PendingEvents(), 0) << "a box for each";
+    EXPECT_EQ(PathOf(left), tree.PathOf("open"));
+    EXPECT_EQ(CurrentName(left), "shut");
+}
+
+TEST_F(Reader, StepsBackFromANameThatIsTooLong) {
+    Start();
+    screen->PushKey(13);  // of the mount
+    screen->PushKey(13);
+    GoTo(*panels, 0, Westring::Repeat(L'x', 300));
+    EXPECT_EQ(screen->PendingEvents(), 0);
+    EXPECT_EQ(PathOf(left), tree.Path());
+    EXPECT_EQ(left.readError, 0);
 }
 
 TEST_F(Reader, ShowsTheErrorTextWithThePath) {
@@ -312,9 +347,12 @@ TEST_F(MadeListing, ReadsAnArchiveThroughItsScanner) {
 TEST_F(MadeListing, KeepsTheErrorForTheStatusRow) {
     screen->PushKey(13);
     archives.error = EIO;
+    left.top = 7;
+    left.cursor = 3;
     ReadDirectory(left);
     EXPECT_EQ(screen->PendingEvents(), 0);
     EXPECT_EQ(left.readError, EIO);
+    EXPECT_EQ(left.CurrentIndex(), 0);
     EXPECT_THAT(Names(left), IsEmpty());
     EXPECT_EQ(Status(), " Error reading drive");
 }
@@ -511,6 +549,14 @@ TEST_F(Reader, FoldsNamesOnTheFileSystemsThatAreNamed) {
     settings.caseFilter = "xyz";
     ReadDirectory(left);
     EXPECT_THAT(Names(left), ElementsAre("..", "dIr", "MiXed.TXT"));
+}
+
+TEST_F(Reader, FoldsNoRawByte) {
+    tree.File("\xE9T\xC3\x89");
+    Start();
+    settings.caseFilter = left.fileSystem;
+    ReadDirectory(left);
+    EXPECT_THAT(Names(left), ElementsAre("..", "\xE9t\xC3\xA9"));
 }
 
 TEST_F(Reader, ReadsLinksOnceBetweenReads) {

@@ -123,6 +123,24 @@ TEST_F(Switching, ActivatesASide) {
     EXPECT_EQ(screen->AttributeAt(20, 0), 0x30);
 }
 
+TEST_F(Switching, ShortensThePathInTheWindowTitle) {
+    const std::string name(60, 'n');
+    tree.Folder(name);
+    Start(name, "");
+    Activate(*panels, 0);
+    EXPECT_EQ(screen->title, "Zanthe: /tmp/..." + std::string(42, 'n')) << "50 columns";
+    screen->title = "another";
+    Activate(*panels, 0);
+    EXPECT_EQ(screen->title, "another") << "the same side again";
+}
+
+TEST_F(Switching, StaysOutOfNetworkPaths) {
+    StartInTwo();
+    right.path = "//host/share";
+    Activate(*panels, 1);
+    EXPECT_EQ(WorkingDirectory(), tree.PathOf("a"));
+}
+
 TEST_F(Switching, TakesTheOtherPanelsDirectoryForAnInfoPanel) {
     StartInTwo();
     right.kind = kKindInfo;
@@ -300,6 +318,20 @@ TEST_F(Switching, SwapsAllThatIsInThePanels) {
     EXPECT_EQ(left.window->Left(), 0);
     EXPECT_EQ(ClientRow(left, 1).substr(0, 4), "in-b");
     EXPECT_EQ(ClientRow(right, 1).substr(0, 4), "in-a");
+}
+
+TEST_F(Switching, SwapsWithAPanelThatIsOff) {
+    StartInTwo();
+    TogglePanel(*panels, 1);
+    GoTo(*panels, 1, Westring());
+    ASSERT_TRUE(right.needRead);
+    tree.File("b/new");
+    SwapPanels(*panels);
+    ExpectShowing(true, false);
+    EXPECT_EQ(PathOf(left), tree.PathOf("b"));
+    EXPECT_THAT(Names(left), ElementsAre("..", "in-b", "new")) << "the read that was due";
+    EXPECT_FALSE(right.needRead);
+    EXPECT_THAT(Names(right), ElementsAre("..", "in-a"));
 }
 
 TEST_F(Switching, ReopensAfterTheScreenChanged) {
