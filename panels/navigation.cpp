@@ -31,23 +31,6 @@ bool IsDirectoryOnDisk(const Westring& path) {
     return stat(NameToBytes(path).c_str(), &data) == 0 && S_ISDIR(data.st_mode);
 }
 
-// Absolute, without empty parts, ".", ".." and a slash at its end.
-bool IsPlain(const Westring& path) {
-    if (path[0] != L'/') return false;
-    const Westring ended = path + L"/";
-    for (const wchar_t* part : {L"//", L"/./", L"/../"}) {
-        if (ended.Find(Westring(part)) >= 0) return SamePath(path, L"/");
-    }
-    return true;
-}
-
-// A directory that exists is taken by its own name, though the name may hold a backslash or be
-// made of dots; anything else goes through the program's rules for paths.
-bool MakeAbsolute(Westring& path, const Westring& base) {
-    if (IsPlain(path) && IsDirectoryOnDisk(path)) return true;
-    return NormalizePath(path, base.IsEmpty() ? nullptr : base.c_str()) == 0;
-}
-
 // The length of the longest directory that both paths lie in, without its slash.
 int CommonPrefix(const Westring& a, const Westring& b) {
     int common = 0;
@@ -107,12 +90,6 @@ void StoreAndEnter(CPanel& panel, const Westring& path) {
     panel.positions.Store(panel.path, panel.top, current ? Westring(current->name) : Westring());
     panel.path = path;
     panel.top = panel.cursor = 0;
-}
-
-void CutLastComponent(Westring& path, Westring& child) {
-    const int slash = path.FindLast(L'/');
-    child = path.Mid(slash + 1);
-    path = path.Left(slash > 0 ? slash : 1);
 }
 
 void FindChild(CPanel& panel, const Westring& child) {
@@ -178,8 +155,8 @@ void GoToParent(PanelPair& panels, int side) {
 
 void StepToParent(CPanel& panel) {
     if (panel.path.IsEmpty() || SamePath(panel.path, L"/")) return;
-    Westring child;
-    CutLastComponent(panel.path, child);
+    const Westring child = NameOfPath(panel.path);
+    panel.path = ParentOfPath(panel.path);
     const Westring parent = panel.path;
     ClearTags(panel);
     ReadDirectory(panel);
@@ -194,7 +171,7 @@ void StepToParent(CPanel& panel) {
 
 bool ChangeDirectory(CPanel& panel, const Westring& wanted) {
     Westring path = wanted;
-    if (!MakeAbsolute(path, panel.path)) return false;
+    if (NormalizePath(path, panel.path.IsEmpty() ? nullptr : panel.path.c_str()) != 0) return false;
     if (!FitsPathLimit(path)) return false;
     IPanelArchives* archives = panel.pair->seams.archives;
     if (panel.archive && archives) archives->CloseBeside(panel, path);
