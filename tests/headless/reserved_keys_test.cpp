@@ -1,31 +1,147 @@
-// Keys whose command does not stand yet: they are taken and change nothing, with no message.
+// Keys whose command does not stand yet, and codes that mean nothing: they are taken and change
+// nothing, with no message.
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
 namespace {
 
-TEST(ReservedKeys, ChangeNothing) {
-    FileTree tree;
-    tree.Folder("d").File("f1").File("f2");
-    SessionOptions options;
-    options.directory = tree.Path();
-    Session session(options);
-    session.Press({"Down", "Down"});
-    const std::string before = session.Text();
-    const int32_t codes[] = {
-        1,       2,       3,       0xB,     0xC,     0x11,    0x14,     0x17,     0x19,
-        0x1001C, 0x1003B, 0x1003C, 0x30055, 0x1003D, 0x1006A, 0x1003E,  0x1006B,  0x1003F,
-        0x10040, 0x10041, 0x10042, 0x10068, 0x10069, 0x1006C, 0x1006D,  0x1006E,  0x3006E,
-        0x1006F, 0x10071, 0x10094, 0x10098, 0x100A0, 0x10102, 0x10103,  0x30103,  0x1002B,
-        0x30054, 0x30056, 0x30057, 0x30058, 0x30059, 0x3005A, 0x3005B,  0x30062,  0x30066,
-        0x3006F, 0x1008E, 0x10090, 0x1004E, 0x10085, 0x10086, 0x40002B, 0x40002D,
-    };
-    for (const int32_t code : codes) {
-        session.Send(WireEvent{0, code, 0, 0, 0, 0});
-        EXPECT_TRUE(session.WaitForQuiet()) << std::hex << code;
-        EXPECT_EQ(before, session.Text()) << std::hex << code;
+constexpr int32_t kReserved[] = {
+    // Ctrl and a letter
+    1,
+    2,
+    3,
+    0xB,
+    0xC,
+    0x11,
+    0x14,
+    0x20014,
+    0x17,
+    0x19,
+    0x20019,
+    0x1002B,
+    // Enter and the function keys, by their modifiers
+    0x1001C,
+    0x1003B,
+    0x1003C,
+    0x1003D,
+    0x1003E,
+    0x1003F,
+    0x10040,
+    0x10041,
+    0x10042,
+    0x30054,
+    0x30055,
+    0x30056,
+    0x30057,
+    0x30058,
+    0x30059,
+    0x3005A,
+    0x3005B,
+    0x30060,
+    0x30061,
+    0x30062,
+    0x30066,
+    0x10068,
+    0x10069,
+    0x1006A,
+    0x1006B,
+    0x1006C,
+    0x1006D,
+    0x1006E,
+    0x3006E,
+    0x1006F,
+    0x3006F,
+    0x10071,
+    // Tagging and searching
+    0x1004E,
+    0x100072,
+    0x1008E,
+    0x3008E,
+    0x10090,
+    0x30090,
+    0x40002A,
+    0x40002B,
+    0x40002D,
+    0x10006D,
+    0x10006E,
+    0x10006F,
+    0x10098,
+    0x100A0,
+    // Others with Ctrl
+    0x10094,
+    0x10102,
+    0x10103,
+    0x30103,
+    // The menu's own codes
+    0x100000,
+    0x100193,
+    0x100012,
+    0x10019C,
+    0x100016,
+    0x100017,
+    0x100071,
+    0x1000D0,
+    0x1000D1,
+};
+
+constexpr int32_t kMeaningless[] = {
+    0,       0x10100, 0x16,    0x1A,    0x1E,    0x10085,  0x10086,  0x30087,    0x30088,
+    0x10089, 0x3008B, 0x3008C, 0x30063, 0x30064, 0x30065,  0x30067,  0x3006D,    0x10066,
+    0x10067, 0x20001, 0x2000C, 0x20015, 0x90039, 0x100011, 0x10FFFF, 0x7FFFFFFF,
+};
+
+class ReservedKeys : public testing::Test {
+protected:
+    ReservedKeys() { tree.Folder("d").File("f1").File("f2").Link("l", "f1"); }
+
+    SessionOptions Here() {
+        SessionOptions options;
+        options.directory = tree.Path();
+        return options;
     }
-    EXPECT_EQ(3u, tree.Names().size());
+    void ChangesNothing(Session& session, const WireEvent& key) {
+        const std::string before = session.Text();
+        const std::string title = session.Title();
+        session.Send(key);
+        EXPECT_TRUE(session.WaitForQuiet()) << std::hex << key.code;
+        EXPECT_EQ(before, session.Text()) << std::hex << key.code;
+        EXPECT_EQ(title, session.Title()) << std::hex << key.code;
+        EXPECT_TRUE(session.AtPrompt()) << std::hex << key.code;
+    }
+
+    FileTree tree;
+};
+
+TEST_F(ReservedKeys, ChangeNothing) {
+    Session session(Here());
+    session.Press({"Down", "Down"});
+    for (const int32_t code : kReserved)
+        ChangesNothing(session, {0, code, 0, 0, 0, 0});
+    EXPECT_EQ(4u, tree.Names().size());
+}
+
+TEST_F(ReservedKeys, ChangeNothingWithBothPanelsOff) {
+    Session session(Here());
+    session.Press("Ctrl-o");
+    for (const int32_t code : kReserved)
+        ChangesNothing(session, {0, code, 0, 0, 0, 0});
+}
+
+TEST_F(ReservedKeys, KeepATypedLine) {
+    Session session(Here());
+    session.Type("text");
+    for (const int32_t code : kReserved)
+        ChangesNothing(session, {0, code, 0, 0, 0, 0});
+}
+
+TEST_F(ReservedKeys, AreNoneOfTheMeaninglessCodes) {
+    Session session(Here());
+    for (const int32_t code : kMeaningless)
+        ChangesNothing(session, {0, code, 0, 0, 0, 0});
+    ChangesNothing(session, {0, -5, 0, 0, 0, 0});
+    ChangesNothing(session, {0, INT32_MIN, 0, 0, 0, 0});
+    // Alt and a letter is for the quick search.
+    ChangesNothing(session, {0, 0x1001E, 0, 0, 0, 'a'});
 }
 
 }  // namespace
