@@ -1,6 +1,8 @@
 // Starting and ending zt-remote: the command line, the handshake, the first screen, the end.
 #include "tests/support/panel_view.h"
 
+#include <filesystem>
+
 namespace zt::headless {
 namespace {
 
@@ -8,7 +10,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
+using testing::StartsWith;
 
 constexpr const char* kExitQuestion = "Are you sure you want to exit Zanthe ?";
 
@@ -116,17 +118,24 @@ TEST(Handshake, EndsTheProgramWhenRefused) {
         Session session(options);
         ASSERT_TRUE(session.WaitForEnd());
         EXPECT_EQ(1, session.ExitStatus());
-        EXPECT_THAT(session.StandardError(), Not(IsEmpty()));
+        EXPECT_EQ("zt-remote: The display speaks another version of the protocol\n",
+                  session.StandardError());
+        EXPECT_EQ(1, session.LastTraffic().requests);  // the handshake alone
     }
 }
 
-TEST(Handshake, EndsTheProgramWhenTheDisplayIsGone) {
-    SessionOptions options;
-    options.waitForPanels = false;
-    Session session(options);
-    session.CloseInput();
-    ASSERT_TRUE(session.WaitForEnd());
-    EXPECT_GE(session.ExitStatus(), 0);
+std::string LinkTarget(pid_t process, int descriptor) {
+    return std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/fd/" +
+                                         std::to_string(descriptor));
+}
+
+// What anything in the process prints goes to standard error, and nothing reads the wire.
+TEST(Handshake, KeepsTheStandardStreamsFree) {
+    Session session;
+    const pid_t process = session.ProcessId();
+    EXPECT_EQ("/dev/null", LinkTarget(process, 0));
+    EXPECT_THAT(LinkTarget(process, 2), StartsWith("pipe:"));
+    EXPECT_EQ(LinkTarget(process, 2), LinkTarget(process, 1));
 }
 
 TEST(Handshake, LetsEventsComeBeforeItsReply) {
@@ -152,6 +161,22 @@ TEST(Handshake, SurvivesShortEvents) {
     session.Press("Down");
     EXPECT_FALSE(session.HasEnded());
     EXPECT_EQ("a", PanelView(session, 0).BarName());
+}
+
+// Numbers that no display sends are keys without a meaning and clicks on nothing.
+TEST(Handshake, SurvivesEventsOfAnyNumbers) {
+    Session session;
+    const int32_t numbers[] = {INT32_MIN, -40000, -1, 0, 1, 2, 3, 0x7FFF, 0x200000, INT32_MAX};
+    for (int32_t kind = -1; kind <= 5; kind++) {
+        for (const int32_t code : numbers) {
+            for (const int32_t other : numbers)
+                session.Send(WireEvent{kind, code, other, other, other, other});
+        }
+    }
+    session.Send(WireEvent{7, 0, 0, 0, 0, 0});
+    session.Send(WireEvent{0, 0, 0, 0, 0, 0});  // no modifiers any more
+    session.Press({"Esc", "Esc", "F10"});
+    EXPECT_THAT(session.Text(), HasSubstr(kExitQuestion));
 }
 
 TEST(Handshake, TakesAnEventSplitAtEachByte) {
