@@ -1,3 +1,4 @@
+// Opening the window, reading its events and its pixels.
 #include "window_fixture.h"
 
 #include "console/key_codes.h"

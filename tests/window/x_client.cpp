@@ -1,3 +1,4 @@
+// The second client: keys and buttons go through the XTEST extension.
 #include "x_client.h"
 
 #include <X11/XKBlib.h>

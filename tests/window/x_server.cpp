@@ -1,3 +1,4 @@
+// Starting and ending Xvfb.
 #include "x_server.h"
 
 #include <poll.h>
