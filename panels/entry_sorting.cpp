@@ -71,7 +71,9 @@ uint64_t WordAt(const uint8_t* bytes) {
 // Calls `further` for each run of at least two items with the same word.
 template <class Further>
 void SortByWord(ItemIterator first, ItemIterator last, Further further) {
-    std::sort(first, last, [](const SortItem& a, const SortItem& b) { return a.word < b.word; });
+    const auto before = [](const SortItem& a, const SortItem& b) { return a.word < b.word; };
+    // Often so: one group, a common beginning of all names, one size, an order that is there.
+    if (!std::is_sorted(first, last, before)) std::sort(first, last, before);
     for (auto run = first; run != last;) {
         auto end = run + 1;
         while (end != last && end->word == run->word)
