@@ -93,18 +93,14 @@ Estring MissingFeature(const ProgramOptions& options) {
     return Estring();
 }
 
-Estring OptionsMessage(OptionsResult result, bool takesHost) {
+Estring OptionsMessage(OptionsResult result) {
     if (result == OptionsResult::kNoFile) return "No file specified\n";
-    Estring text = "Usage:\tzt [ini_file] [-v|-e file_name] [-l|-r directory]";
-    if (takesHost) text += " [-h remote_host]";
-    text +=
-        "\n\t-v: invoke internal viewer"
-        "\n\t-e: invoke internal editor"
-        "\n\t-l: specify left panel's directory"
-        "\n\t-r: specify right panel's directory";
-    if (takesHost) text += "\n\t-h: connect to a remote host";
-    text += '\n';
-    return text;
+    return "Usage:\tzt [ini_file] [-v|-e file_name] [-l|-r directory] [-h remote_host]"
+           "\n\t-v: invoke internal viewer"
+           "\n\t-e: invoke internal editor"
+           "\n\t-l: specify left panel's directory"
+           "\n\t-r: specify right panel's directory"
+           "\n\t-h: connect to a remote host\n";
 }
 
 }  // namespace zt

@@ -31,6 +31,6 @@ struct ProgramOptions {
 Estring MissingFeature(const ProgramOptions& options);
 
 // The text of kUsage and kNoFile, with a line feed at its end.
-Estring OptionsMessage(OptionsResult result, bool takesHost);
+Estring OptionsMessage(OptionsResult result);
 
 }  // namespace zt

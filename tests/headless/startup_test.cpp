@@ -75,11 +75,12 @@ TEST(StartUp, PrintsTheUsageForAnUnknownOption) {
         ASSERT_TRUE(session.WaitForEnd());
         EXPECT_EQ(1, session.ExitStatus()) << option;
         EXPECT_EQ(
-            "Usage:\tzt [ini_file] [-v|-e file_name] [-l|-r directory]\n"
+            "Usage:\tzt [ini_file] [-v|-e file_name] [-l|-r directory] [-h remote_host]\n"
             "\t-v: invoke internal viewer\n"
             "\t-e: invoke internal editor\n"
             "\t-l: specify left panel's directory\n"
-            "\t-r: specify right panel's directory\n",
+            "\t-r: specify right panel's directory\n"
+            "\t-h: connect to a remote host\n",
             session.StandardError());
         EXPECT_EQ(0u, session.LastTraffic().bytes) << option;
     }

@@ -106,8 +106,8 @@ TEST(ProgramOptions, PrintsTheUsageWithTabsAndAllOptionsButTheUndocumentedOne) {
         "\t-v: invoke internal viewer\n\t-e: invoke internal editor\n"
         "\t-l: specify left panel's directory\n\t-r: specify right panel's directory\n"
         "\t-h: connect to a remote host\n",
-        OptionsMessage(OptionsResult::kUsage, true).c_str());
-    EXPECT_STREQ("No file specified\n", OptionsMessage(OptionsResult::kNoFile, true).c_str());
+        OptionsMessage(OptionsResult::kUsage).c_str());
+    EXPECT_STREQ("No file specified\n", OptionsMessage(OptionsResult::kNoFile).c_str());
 }
 
 TEST(ProgramOptions, ASingleWordIsAConfigurationFileOnlyWhenItIsAFile) {

@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     ProgramOptions options;
     const OptionsResult parsed = ParseOptions(argc, argv, true, options);
     if (parsed != OptionsResult::kRun) {
-        fputs(OptionsMessage(parsed, true).c_str(), stdout);
+        fputs(OptionsMessage(parsed).c_str(), stdout);
         return 1;
     }
     const Estring missing = MissingFeature(options);

@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     ProgramOptions options;
     const OptionsResult parsed = ParseOptions(argc, argv, false, options);
     if (parsed != OptionsResult::kRun) {
-        fputs(OptionsMessage(parsed, false).c_str(), stderr);
+        fputs(OptionsMessage(parsed).c_str(), stderr);
         return 1;
     }
     const Estring missing = MissingFeature(options);
