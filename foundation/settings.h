@@ -1,5 +1,5 @@
 // The settings: one record of plain variables for the whole program, first thread only. The keys
-// under which they are read and written are those of the configuration file (docs: man zt).
+// under which they are read and written stand in commands/settings_table.cpp.
 #pragma once
 
 #include <cstdint>
