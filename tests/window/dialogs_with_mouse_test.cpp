@@ -44,6 +44,9 @@ constexpr Cell kHiddenFilesEntry = {36, 6};
 constexpr Cell kClockEntry = {36, 9};
 constexpr Cell kSaveSetupEntry = {36, 14};
 constexpr Cell kPullDownKey = {66, 24};
+constexpr Cell kQuitKey = {78, 24};
+constexpr Cell kQuestionOk = {33, 9};
+constexpr Cell kQuestionCancel = {44, 9};
 constexpr Cell kConfigurationOrigin = {3, 3};
 constexpr Cell kConfigurationOk = {28, 19};
 constexpr Cell kConfigurationCancel = {38, 19};
@@ -314,6 +317,17 @@ TEST_F(DialogsWithMouse, AFunctionKeyReleasedElsewhereDoesNothing) {
     user->Key(XK_Shift_L, false);
     ASSERT_NO_FATAL_FAILURE(Quit());
     EXPECT_FALSE(home.Exists(".ztx/zt.ini"));
+}
+
+TEST_F(DialogsWithMouse, TheExitQuestionIsAnsweredByItsButtons) {
+    ASSERT_NO_FATAL_FAILURE(Start("AutoSave=off\nHidden=on\n"));
+    Click(kQuitKey);
+    Click(kQuestionCancel);
+    EXPECT_EQ("on", Saved("Hidden")) << "the program goes on";
+    Click(kQuitKey);
+    Click(kQuestionOk);
+    EXPECT_TRUE(WaitFor([&] { return process.HasEnded(); }));
+    EXPECT_EQ(0, process.Status());
 }
 
 }  // namespace
