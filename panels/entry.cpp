@@ -1,6 +1,7 @@
 // Blocks of single entries.
 #include "panels/entry.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
@@ -18,8 +19,10 @@ void ClearEntry(entry& e) {
     e.group = 0;
 }
 
+// With room for "..": optimised, the look for it reads three characters at once, whatever the
+// first.
 static entry* AllocateEntry(size_t nameLength) {
-    void* block = malloc(EntryBytes(nameLength));
+    void* block = malloc(EntryBytes(std::max<size_t>(nameLength, 2)));
     if (!block) throw std::bad_alloc();
     return static_cast<entry*>(block);
 }
