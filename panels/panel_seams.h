@@ -50,6 +50,19 @@ public:
     virtual void DrawRow(CPanel& panel, int index, int attribute) = 0;
 };
 
+class ITreeKeeper {
+public:
+    virtual ~ITreeKeeper() = default;
+    // Keep the panel's tree in step with what the program does to directories; paths are absolute.
+    virtual void DirectoryAdded(CPanel& panel, const Westring& path) = 0;
+    virtual void DirectoryRemoved(CPanel& panel, const Westring& path) = 0;
+    virtual void DirectoryRenamed(CPanel& panel, const Westring& from, const Westring& to) = 0;
+    // Writes the panel's tree to its file.
+    virtual void Save(CPanel& panel) = 0;
+    // Lets the user pick a directory in a window `width` columns wide; false for Esc.
+    virtual bool Pick(CPanel& panel, Westring& path, int width) = 0;
+};
+
 class IPanelInfo {
 public:
     virtual ~IPanelInfo() = default;
@@ -71,12 +84,21 @@ public:
     virtual Attribute ColourOf(const CPanel& panel, const entry& e, Attribute base) = 0;
 };
 
+class IDirectoryChooser {
+public:
+    virtual ~IDirectoryChooser() = default;
+    // Lets the user pick one of the directories that were visited; false for Esc.
+    virtual bool Pick(CPanel& panel, Westring& path) = 0;
+};
+
 struct PanelSeams {
     IPanelArchives* archives = nullptr;
     IPanelTree* tree = nullptr;
+    ITreeKeeper* trees = nullptr;
     IPanelInfo* info = nullptr;
     IEntryFilter* filter = nullptr;
     IEntryColours* colours = nullptr;
+    IDirectoryChooser* history = nullptr;
 };
 
 }  // namespace zt

@@ -1,0 +1,26 @@
+// The file "descript.ion" of a directory: a line a file, its name (in double quotes when it holds
+// blanks), one blank, the text. Lines that are not the subject stay byte for byte as they stand,
+// line ends included; the file is replaced whole, and goes with its last line. First thread only.
+#pragma once
+
+#include "foundation/std_file.h"
+#include "foundation/westring.h"
+
+namespace zt {
+
+inline constexpr wchar_t kDescriptionFileName[] = L"descript.ion";
+
+// Opens the description file of `directory` for reading; another program that has it for itself is
+// waited for (100 attempts, 50 ms apart). True when it is open.
+bool OpenDescriptions(StdFile& file, const Westring& directory);
+
+// Gives the line of `source` in `descriptions` (its directory's file, open; closed means none) to
+// `target` in the target's directory. A failure leaves the target's description file as it was.
+void CarryDescription(const Westring& source, const Westring& target, StdFile& descriptions);
+// The same, and takes the line out of the source's file.
+void CarryAndRemoveDescription(const Westring& source, const Westring& target,
+                               StdFile& descriptions);
+// Takes the line of `path` out of its directory's description file, if it is there.
+void RemoveDescription(const Westring& path);
+
+}  // namespace zt
