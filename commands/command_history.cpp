@@ -5,10 +5,16 @@
 namespace zt {
 
 void CommandHistory::Add(const Westring& command) {
+    Remove(command);
+    Append(command);
+}
+
+void CommandHistory::Remove(const Westring& command) {
     for (int i = commands.Count() - 1; i >= 0; i--) {
         if (wcscmp(commands.At(i)->c_str(), command.c_str()) == 0) commands.DeleteCurrent();
     }
-    commands.Append(new Westring(command));
+    // The place counts from the newest, and what was there may have moved.
+    historyIndex = historyIndex > commands.Count() ? commands.Count() : historyIndex;
 }
 
 Westring CommandHistory::TextAt(int index) {

@@ -9,9 +9,14 @@ namespace zt {
 
 class CommandHistory {
 public:
-    // The newest; an equal older one goes.
+    // The newest; equal older ones go.
     void Add(const Westring& command);
+    // The newest, for one that is known to be new.
+    void Append(const Westring& command) { commands.Append(new Westring(command)); }
+    void Remove(const Westring& command);
     int Count() const { return commands.Count(); }
+    // Oldest first.
+    WestringStore& Commands() { return commands; }
 
     // Older and newer commands take the place of the line. The user's own text comes back behind
     // the newest.

@@ -3,6 +3,7 @@
 #include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
 #include "commands/directory_commands.h"
+#include "commands/history_commands.h"
 #include "commands/line_commands.h"
 #include "commands/movement_commands.h"
 #include "commands/name_commands.h"
@@ -64,7 +65,7 @@ constexpr CommandRow kCommands[] = {
     {0x1B, kNeedsNothing, Escape},
     {0x9001A, kNeedsNothing, Escape},
     {0x1C, kNeedsNothing, GoToTopOrOther},
-    {0x1002B, kNeedsNothing, nullptr},
+    {0x1002B, kNeedsNothing, DirectoryHistoryCommand},
     {0x2001C, kNeedsNothing, GoToTopOrOther},
     {0x1D, kNeedsNothing, InsertRightPath},
     {0x1F, kNeedsPanel, GoBackKey},
@@ -162,7 +163,7 @@ constexpr CommandRow kCommands[] = {
     {0x3006A, kNeedsPanel, SetActiveStyle},
     {0x3006B, kNeedsPanel, SetActiveStyle},
     {0x3006C, kNeedsPanel, SetActiveStyle},
-    {0x3006F, kNeedsNothing, nullptr},
+    {0x3006F, kNeedsNothing, DirectoryHistoryCommand},
     {0x30070, kNeedsNothing, ToggleColumns},
     // The menu's own codes
     {0x100000, kNeedsNothing, nullptr},

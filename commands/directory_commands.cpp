@@ -18,7 +18,14 @@ namespace {
 
 constexpr int32_t kMenuRereadLeft = 0x100013;
 
-// Takes the active panel to an absolute path, with the cursor on the first entry.
+void RereadSide(LoopState& state, int side) {
+    if (!state.panels.panel[side].showing) return;
+    GoTo(state.panels, side, Westring(), true);
+    state.DrawAll();
+}
+
+}  // namespace
+
 bool GoToPath(LoopState& state, const Westring& path) {
     if (!ChangeDirectory(state.Active(), path)) return false;
     state.Active().top = 0;
@@ -27,14 +34,6 @@ bool GoToPath(LoopState& state, const Westring& path) {
     state.DrawAll();
     return true;
 }
-
-void RereadSide(LoopState& state, int side) {
-    if (!state.panels.panel[side].showing) return;
-    GoTo(state.panels, side, Westring(), true);
-    state.DrawAll();
-}
-
-}  // namespace
 
 void Enter(LoopState& state, const KeyPress& key) {
     // Typed text waits for the runner of programs.

@@ -5,6 +5,10 @@
 
 namespace zt {
 
+// Takes the active panel to an absolute path, with the cursor on the first entry. False when there
+// is no such directory; the panel then stays.
+bool GoToPath(LoopState& state, const Westring& path);
+
 // With an empty command line: enters the directory under the cursor.
 void Enter(LoopState& state, const KeyPress& key);
 void EnterCurrent(LoopState& state, const KeyPress& key);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "commands/application_paths.h"
+#include "commands/histories.h"
 #include "commands/screen_commands.h"
 #include "console/program/exit_script.h"
 #include "console/program/main_loop.h"
@@ -16,6 +17,7 @@
 #include "panels/panel_switching.h"
 #include "panels/panel_window.h"
 #include "ui/clock_window.h"
+#include "ui/field_history.h"
 #include "ui/window_title.h"
 
 namespace zt {
@@ -50,6 +52,9 @@ int Application::Run() {
     configuration.Read();
     EnforceMinimumSize();
     SetUpLocale();
+    LoadHistory(state.history);
+    SetFieldHistoryKeeper(AddFieldHistory);
+    state.panels.seams.history = &directoryChooser;
     MakeFunctionKeyBar(state);
     OpenPanels();
     RunMainLoop(state);

@@ -2,6 +2,7 @@
 // order, the main loop, exit in order. Made by each main function; first thread only.
 #pragma once
 
+#include "commands/history_windows.h"
 #include "commands/loop_state.h"
 #include "commands/program_configuration.h"
 #include "console/program/program_options.h"
@@ -30,6 +31,7 @@ private:
     const ProgramOptions& options;
     LoopState state;
     ProgramConfiguration configuration;
+    DirectoryChooser directoryChooser;
 };
 
 }  // namespace zt

@@ -18,7 +18,6 @@ constexpr int32_t kReserved[] = {
     0x17,
     0x19,
     0x20019,
-    0x1002B,
     // Enter and the function keys, by their modifiers
     0x1001C,
     0x1003B,
@@ -50,7 +49,6 @@ constexpr int32_t kReserved[] = {
     0x1006E,
     0x3006E,
     0x1006F,
-    0x3006F,
     0x10071,
     // Tagging and searching
     0x1004E,
