@@ -21,7 +21,6 @@ constexpr char kFieldMark = 0x19;
 constexpr char kLineEnd[] = "\r\n";
 // Commands may hold what nobody else is to read.
 constexpr mode_t kNewFileMode = 0600;
-constexpr int kOpenTries = 100;
 
 // Where the mark of a field stands in the line; 0: it is a command.
 int MarkOf(const Estring& line) {
@@ -31,49 +30,37 @@ int MarkOf(const Estring& line) {
     return 0;
 }
 
-// The open file, locked, as long as this lives.
-class LockedFile {
+// Keeps other programs from writing the file, as long as this lives. The lock is on the directory:
+// the file itself may be replaced while somebody waits. Where there are no locks, as on some
+// networks, it goes as well as it can.
+class DirectoryLock {
 public:
-    explicit LockedFile(const char* path) : path_(path) {}
-    ~LockedFile() { Close(); }
-    LockedFile(const LockedFile&) = delete;
-    LockedFile& operator=(const LockedFile&) = delete;
-
-    // 0 or an errno value. A file that was replaced while its lock was waited for is not the one.
-    int Open(int flags) {
-        for (int i = 0; i < kOpenTries; i++) {
-            descriptor_ = open(path_, flags | O_CLOEXEC | O_NONBLOCK, kNewFileMode);
-            if (descriptor_ < 0) return errno;
-            if (!IsOrdinary()) return EOPNOTSUPP;
-            // Without locks, as on some networks, it goes as well as it can.
-            while (flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
-            }
-            if (StillNamed()) return 0;
-            Close();
+    explicit DirectoryLock(const Westring& file)
+        : descriptor(
+              open(NameToBytes(ParentOfPath(file)).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        while (flock(descriptor, LOCK_EX) != 0 && errno == EINTR) {
         }
-        return EAGAIN;
     }
-    int Descriptor() const { return descriptor_; }
+    ~DirectoryLock() {
+        if (descriptor >= 0) close(descriptor);
+    }
+    DirectoryLock(const DirectoryLock&) = delete;
+    DirectoryLock& operator=(const DirectoryLock&) = delete;
 
 private:
-    bool IsOrdinary() const {
-        struct stat held = {};
-        return fstat(descriptor_, &held) == 0 && S_ISREG(held.st_mode);
-    }
-    bool StillNamed() const {
-        struct stat held = {};
-        struct stat named = {};
-        return fstat(descriptor_, &held) == 0 && stat(path_, &named) == 0 &&
-               held.st_dev == named.st_dev && held.st_ino == named.st_ino;
-    }
-    void Close() {
-        if (descriptor_ >= 0) close(descriptor_);
-        descriptor_ = -1;
-    }
-
-    const char* const path_;
-    int descriptor_ = -1;
+    const int descriptor;
 };
+
+// The descriptor, or less than 0: an errno value. A pipe in the file's place holds nobody up.
+int OpenOrdinary(const Westring& path, int flags) {
+    const int descriptor =
+        open(NameToBytes(path).c_str(), flags | O_CLOEXEC | O_NONBLOCK, kNewFileMode);
+    if (descriptor < 0) return -errno;
+    struct stat held = {};
+    if (fstat(descriptor, &held) == 0 && S_ISREG(held.st_mode)) return descriptor;
+    close(descriptor);
+    return -EOPNOTSUPP;
+}
 
 // A line that a broken write has left without an end gets one before the next.
 bool LastLineIsOpen(int descriptor) {
@@ -114,8 +101,10 @@ Estring FormatHistoryLine(const HistoryLine& line) {
 }
 
 int HistoryFile::Read(EstringStore& lines) const {
+    const int descriptor = OpenOrdinary(path, O_RDONLY);
+    if (descriptor < 0) return -descriptor;
     StdFile file;
-    if (const int reason = file.Open(path, StdFile::kReadWrite)) return reason;
+    if (const int reason = file.Attach(descriptor)) return reason;
     char line[kHistoryLineBytes + 1];
     int result = 0;
     while ((result = file.ReadLine(line, sizeof line)) == 0)
@@ -124,17 +113,17 @@ int HistoryFile::Read(EstringStore& lines) const {
 }
 
 int HistoryFile::Append(const Estring& line) const {
-    const Estring name = NameToBytes(path);
-    LockedFile file(name.c_str());
-    if (const int reason = file.Open(O_RDWR | O_CREAT | O_APPEND)) return reason;
-    const Estring begin = LastLineIsOpen(file.Descriptor()) ? kLineEnd : "";
-    return WriteAtEnd(file.Descriptor(), begin + line + kLineEnd);
+    const DirectoryLock lock(path);
+    const int descriptor = OpenOrdinary(path, O_RDWR | O_CREAT | O_APPEND);
+    if (descriptor < 0) return -descriptor;
+    const Estring begin = LastLineIsOpen(descriptor) ? kLineEnd : "";
+    const int result = WriteAtEnd(descriptor, begin + line + kLineEnd);
+    close(descriptor);
+    return result;
 }
 
 int HistoryFile::Change(const std::function<void(EstringStore& lines)>& change) const {
-    const Estring name = NameToBytes(path);
-    LockedFile file(name.c_str());
-    if (const int reason = file.Open(O_RDWR)) return reason;
+    const DirectoryLock lock(path);
     EstringStore lines;
     if (const int reason = Read(lines)) return reason;
     change(lines);

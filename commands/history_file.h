@@ -1,5 +1,5 @@
 // The file that keeps commands and the texts of input fields from run to run. Running copies of
-// the program share it: whoever writes holds a lock on it, a line is added with one write, and all
+// the program share it: whoever writes holds a lock, a line is added with one write, and all
 // else replaces the file whole. First thread only.
 //
 // UTF-8 lines, each with CR LF behind it; bytes of names that are no UTF-8 stand as they are. A
