@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "foundation/date_time.h"
 
@@ -59,5 +60,10 @@ void ClearEntry(entry& e);
 [[nodiscard]] entry* NewEntry(const wchar_t* name);
 [[nodiscard]] entry* CopyEntry(const entry& from);
 void FreeEntry(entry* e);
+
+struct EntryFreer {
+    void operator()(entry* e) const { FreeEntry(e); }
+};
+using OwnedEntry = std::unique_ptr<entry, EntryFreer>;
 
 }  // namespace zt

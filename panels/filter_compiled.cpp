@@ -1,0 +1,28 @@
+// The compiled form as others see it.
+#include "panels/filter_compiled.h"
+
+#include "panels/filter_program.h"
+
+namespace zt {
+
+CompiledFilter::CompiledFilter(const Westring& expression)
+    : program_(std::make_unique<FilterProgram>(expression)) {}
+
+CompiledFilter::~CompiledFilter() = default;
+CompiledFilter::CompiledFilter(CompiledFilter&&) noexcept = default;
+CompiledFilter& CompiledFilter::operator=(CompiledFilter&&) noexcept = default;
+
+int CompiledFilter::Evaluate(const entry& subject) {
+    return program_->Evaluate(subject, errorText);
+}
+
+int CompiledFilter::EvaluateName(const wchar_t* name) {
+    const OwnedEntry subject(NewEntry(name));
+    return Evaluate(*subject);
+}
+
+bool CompiledFilter::StandsFor(const Westring& expression) const {
+    return program_->StandsFor(expression);
+}
+
+}  // namespace zt
