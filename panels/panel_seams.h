@@ -3,6 +3,7 @@
 // the panel does without it. Borrowed pointers; first thread only.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "console/cell.h"
@@ -12,6 +13,10 @@
 namespace zt {
 
 struct CPanel;
+struct TREENODE;
+class WalkProgress;
+// True when work that takes long is to end early.
+using StopAsked = std::function<bool()>;
 
 class IPanelArchives {
 public:
@@ -31,6 +36,10 @@ public:
     virtual Westring RealDirectory(const CPanel& panel) = 0;
     // The target that the archive's record has for a link.
     virtual Westring LinkTarget(const CPanel& panel, const entry& link) = 0;
+    // The bytes of all files below the directory `path` of the innermost open archive; -1 when
+    // `stopAsked`, which is to be called often, said so.
+    virtual int64_t DirectoryTotal(CPanel& panel, const Westring& path, WalkProgress& progress,
+                                   const StopAsked& stopAsked) = 0;
 };
 
 class IPanelTree {
@@ -48,6 +57,22 @@ public:
     virtual void Follow(CPanel& treePanel, const Westring& path) = 0;
     virtual Westring SelectedPath(const CPanel& panel) = 0;
     virtual void DrawRow(CPanel& panel, int index, int attribute) = 0;
+    // Shows or hides what lies below the highlighted directory, or below every one.
+    virtual void SetExpanded(CPanel& panel, bool expanded, bool everywhere) = 0;
+    // Moves the highlight to the next (1) or the previous (-1) row that is no deeper.
+    virtual void ToSibling(CPanel& panel, int step) = 0;
+};
+
+// Totals of directories that are found by walking through them. Nodes are borrowed.
+class ITreeTotals {
+public:
+    virtual ~ITreeTotals() = default;
+    // The node of an absolute path in the panel's tree, or null.
+    virtual TREENODE* NodeOf(CPanel& panel, const Westring& path) = 0;
+    virtual TREENODE* ChildOf(TREENODE& node, const wchar_t* name) = 0;
+    virtual void SetTotal(TREENODE& node, uint64_t bytes) = 0;
+    // True when the panel's tree is no longer as its file has it.
+    virtual bool HasChanged(CPanel& panel) = 0;
 };
 
 class ITreeKeeper {
@@ -94,6 +119,7 @@ public:
 struct PanelSeams {
     IPanelArchives* archives = nullptr;
     IPanelTree* tree = nullptr;
+    ITreeTotals* totals = nullptr;
     ITreeKeeper* trees = nullptr;
     IPanelInfo* info = nullptr;
     IEntryFilter* filter = nullptr;

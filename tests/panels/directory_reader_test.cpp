@@ -293,6 +293,9 @@ public:
     bool HasDirectory(CPanel&, const Westring&) override { return false; }
     Westring RealDirectory(const CPanel&) override { return "/"; }
     Westring LinkTarget(const CPanel&, const entry&) override { return "inside"; }
+    int64_t DirectoryTotal(CPanel&, const Westring&, WalkProgress&, const StopAsked&) override {
+        return 0;
+    }
 };
 
 class MadeScanner : public IEntryScanner {
@@ -490,6 +493,8 @@ public:
     void Follow(CPanel&, const Westring& path) override { followed = path; }
     Westring SelectedPath(const CPanel&) override { return "/"; }
     void DrawRow(CPanel&, int, int) override {}
+    void SetExpanded(CPanel&, bool, bool) override {}
+    void ToSibling(CPanel&, int) override {}
 };
 
 TEST_F(Reader, CountsFilesForTheTreeWhetherTheyShowOrNot) {

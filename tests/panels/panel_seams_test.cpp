@@ -67,6 +67,9 @@ public:
     }
     Westring RealDirectory(const CPanel&) override { return NameFromBytes(realDirectory.c_str()); }
     Westring LinkTarget(const CPanel&, const entry&) override { return "inside"; }
+    int64_t DirectoryTotal(CPanel&, const Westring&, WalkProgress&, const StopAsked&) override {
+        return 0;
+    }
 
 private:
     // The archive itself is never looked into here.
@@ -165,6 +168,8 @@ public:
         return Westring("/selected/") + Westring::Repeat(L'x', 40);
     }
     void DrawRow(CPanel&, int, int) override {}
+    void SetExpanded(CPanel&, bool, bool) override {}
+    void ToSibling(CPanel&, int) override {}
 };
 
 class TreeOfAPanel : public PanelFixture {

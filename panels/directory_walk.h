@@ -1,0 +1,106 @@
+// Adds up what lies below a directory on the disk: the size of every file, hidden ones too, once
+// for each of its names. Symbolic links are not followed and add nothing; mount points are not
+// entered. Paths may be longer and trees deeper than the system takes in one call: descriptors and
+// memory do not grow with the depth.
+#pragma once
+
+#include <sys/types.h>
+
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "panels/panel_seams.h"
+
+namespace zt {
+
+// What a walk has seen so far. Written by the thread that walks, read by any.
+class WalkProgress {
+public:
+    uint64_t Directories() const { return directories_.load(std::memory_order_relaxed); }
+    uint64_t Files() const { return files_.load(std::memory_order_relaxed); }
+    uint64_t Bytes() const { return bytes_.load(std::memory_order_relaxed); }
+    std::string Path() const;  // where the walk is; a name of the file system
+
+    void AddDirectory() { Add(directories_, 1); }
+    void AddFile(uint64_t size) {
+        Add(files_, 1);
+        Add(bytes_, size);
+    }
+    void SetPath(const char* path);
+    // One component behind the path, and off it again.
+    void EnterName(const char* name);
+    void LeaveName();
+    // The components below the path that was set, outermost first. For the thread that walks.
+    std::vector<std::string> NamesEntered() const;
+
+private:
+    // There is one writer, so that no step need be one with the read before it.
+    static void Add(std::atomic<uint64_t>& sum, uint64_t value) {
+        sum.store(sum.load(std::memory_order_relaxed) + value, std::memory_order_relaxed);
+    }
+
+    std::atomic<uint64_t> directories_{0};
+    std::atomic<uint64_t> files_{0};
+    std::atomic<uint64_t> bytes_{0};
+    mutable std::mutex lock_;  // of the path
+    std::string path_;
+    std::vector<size_t> lengths_;  // of the path before each name that was entered
+};
+
+// One walk after the other. For one thread.
+class DirectoryWalk {
+public:
+    static constexpr int64_t kStopped = -1;
+
+    // `stopAsked` is called all the time: it must be cheap. `totals`, if there is one, takes the
+    // total of each directory that the tree holds.
+    DirectoryWalk(WalkProgress& progress, StopAsked stopAsked, ITreeTotals* totals = nullptr);
+    ~DirectoryWalk();
+    DirectoryWalk(const DirectoryWalk&) = delete;
+    DirectoryWalk& operator=(const DirectoryWalk&) = delete;
+
+    // The bytes below `directory`, which is entered even where a file system is mounted on it;
+    // kStopped when it was asked to stop. What cannot be read adds nothing. `node` is the
+    // directory's in the tree, or null.
+    [[nodiscard]] int64_t Total(const char* directory, TREENODE* node = nullptr);
+
+private:
+    // Where a directory is: found again by it after its descriptor was closed.
+    struct Place {
+        dev_t device = 0;
+        ino_t inode = 0;
+        bool operator==(const Place&) const = default;
+    };
+    // A directory on the way down to where the walk is.
+    struct Level {
+        int descriptor = -1;
+        Place place;
+        uint64_t total = 0;
+        size_t waiting = 0;  // subdirectories still to be entered
+        TREENODE* node = nullptr;
+    };
+
+    bool ReadLevel();
+    bool TakeBatch(const char* batch, size_t length);
+    void TakeEntry(const char* name, unsigned char type);
+    void TakeFile(const char* name);
+    void TakeWaiting(const char* name);
+    std::string NextWaiting();
+    void EnterNext();
+    void LeaveLevel();
+    void ReturnTo(Level& level, int child);
+    int WayDown(size_t depth) const;
+    void CloseAll();
+
+    WalkProgress& progress_;
+    const StopAsked stopAsked_;
+    ITreeTotals* const totals_;
+    std::vector<Level> levels_;  // outermost first
+    std::vector<char> names_;    // of what waits: zero-ended, the deepest level's at the end
+    std::vector<char> batch_;    // of directory entries, as the system gives them
+};
+
+}  // namespace zt
