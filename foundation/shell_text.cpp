@@ -18,6 +18,14 @@ Westring Quoted(const Westring& text) {
     return quoted + L"'";
 }
 
+bool NeedsQuotes(const Westring& text) {
+    for (int i = 0; i < text.Length(); i++) {
+        const wchar_t ch = text[i];
+        if (ch < L' ' || ch == 0x7F || ch == L'*' || ch == L'?' || ch == L'^') return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 Westring ShellEscape(const Westring& text) {
@@ -29,6 +37,11 @@ Westring ShellEscape(const Westring& text) {
         escaped += static_cast<wchar_t>(text[i]);
     }
     return escaped;
+}
+
+Westring ShellWord(const Westring& name) {
+    const Westring text = name[0] == L'-' ? L"./" + name : name;
+    return NeedsQuotes(text) ? Quoted(text) : ShellEscape(text);
 }
 
 }  // namespace zt
