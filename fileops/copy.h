@@ -9,11 +9,10 @@
 
 namespace zt {
 
-struct PanelPair;
-
 // Bits of transferFlags.
 inline constexpr int kTransferOpenFiles = 1;    // also when open for writing
 inline constexpr int kTransferDereference = 4;  // what symbolic links point to, not the links
+inline constexpr int kTransferMayReplace = 8;   // what stands at the target was agreed to go
 
 // `index` of `total` objects of the command. `descriptions` is the open description file of the
 // source's directory, or closed. The result is 1 when the target could not be cleared and was left.

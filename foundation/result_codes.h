@@ -6,6 +6,7 @@ namespace zt {
 
 inline constexpr int kDone = 0;
 inline constexpr int kCancelled = -1;
+inline constexpr int kRenameAborted = -2;  // the user asked for the end before a renaming
 inline constexpr int kSkipped = 0x10000;
 inline constexpr int kOpenForWriting = 0x10001;
 inline constexpr int kNoMoreEntries = 0x40000001;

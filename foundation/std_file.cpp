@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "foundation/file_name.h"
+#include "foundation/system_call.h"
 
 namespace zt {
 
@@ -34,15 +35,6 @@ int SystemFlags(int flags) {
     }
     if ((flags & StdFile::kCreate) != 0) result |= O_CREAT;
     if ((flags & StdFile::kInherit) == 0) result |= O_CLOEXEC;
-    return result;
-}
-
-// A system call that a signal interrupted before it did anything is made again.
-template <class Call>
-auto Uninterrupted(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
     return result;
 }
 
@@ -166,14 +158,49 @@ bool StdFile::Refill() {
     return true;
 }
 
+// One read past the buffer, which is used up. 0, with lastError set, at the end of the file and
+// after a failure.
+int StdFile::ReadDirectly(char* target, int n) {
+    bufferPos = bufferFill = 0;
+    ssize_t got = Uninterrupted([&] { return read(handle, target, static_cast<size_t>(n)); });
+    if (got <= 0) {
+        lastError = got < 0 ? errno : kEndOfFile;
+        return 0;
+    }
+    filePos += got;
+    return static_cast<int>(got);
+}
+
+// Writes past the buffer, which is empty. What the system took only a part of goes on behind it.
+void StdFile::WriteDirectly(const char* from, int n) {
+    while (n > 0) {
+        ssize_t written =
+            Uninterrupted([&] { return write(handle, from, static_cast<size_t>(n)); });
+        if (written <= 0) {
+            lastError = written < 0 ? errno : ENOSPC;
+            return;
+        }
+        filePos += written;
+        from += written;
+        n -= static_cast<int>(written);
+    }
+}
+
 int StdFile::Read(void* target, int n, int* got) {
     *got = 0;
     if (lastError != 0) return lastError;
     if (handle == 0) return lastError = EBADF;
     if (!StartReading()) return lastError;
     while (*got < n) {
+        const int wanted = n - *got;
+        if (bufferPos == bufferFill && wanted >= kBufferBytes) {
+            const int direct = ReadDirectly(static_cast<char*>(target) + *got, wanted);
+            if (direct == 0) break;
+            *got += direct;
+            continue;
+        }
         if (bufferPos == bufferFill && !Refill()) break;
-        int piece = std::min(n - *got, bufferFill - bufferPos);
+        int piece = std::min(wanted, bufferFill - bufferPos);
         std::memcpy(static_cast<char*>(target) + *got, buffer.get() + bufferPos,
                     static_cast<size_t>(piece));
         bufferPos += piece;
@@ -189,6 +216,10 @@ int StdFile::Write(const void* bytes, int n) {
     if (!StartWriting()) return lastError;
     const char* from = static_cast<const char*>(bytes);
     while (n > 0) {
+        if (bufferPos == 0 && n >= kBufferBytes) {
+            WriteDirectly(from, n);
+            break;
+        }
         int piece = std::min(n, kBufferBytes - bufferPos);
         std::memcpy(buffer.get() + bufferPos, from, static_cast<size_t>(piece));
         bufferPos += piece;

@@ -44,6 +44,7 @@ public:
     // the result is ENOSPC.
     int Flush();
     // Reads up to n bytes and stores in *got how many: fewer only at the end or after a failure.
+    // What the buffer could not hold anyway goes past it, both ways.
     int Read(void* target, int n, int* got);
     int Write(const void* bytes, int n);
     int WriteText(const char* text);  // zero-ended
@@ -79,6 +80,8 @@ protected:
 private:
     int OpenBytes(const char* path, int flags);
     bool Refill();
+    int ReadDirectly(char* target, int n);
+    void WriteDirectly(const char* from, int n);
     bool StartReading();
     bool StartWriting();
     int MoveDescriptor(int64_t offset);
