@@ -3,6 +3,7 @@
 #include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
 #include "commands/directory_commands.h"
+#include "commands/filter_command.h"
 #include "commands/history_commands.h"
 #include "commands/line_commands.h"
 #include "commands/movement_commands.h"
@@ -184,8 +185,8 @@ constexpr CommandRow kCommands[] = {
     {0x10000E, kNeedsNothing, StyleByMenu},
     {0x10000F, kNeedsNothing, StyleByMenu},
     {0x100010, kNeedsNothing, StyleByMenu},
-    {0x100012, kNeedsNothing, nullptr},
-    {0x10019C, kNeedsNothing, nullptr},
+    {0x100012, kNeedsNothing, FilterByMenu},
+    {0x10019C, kNeedsNothing, FilterByMenu},
     {0x100013, kNeedsNothing, RereadByMenu},
     {0x10019B, kNeedsNothing, RereadByMenu},
     {0x100014, kNeedsNothing, StyleByMenu},

@@ -5,6 +5,7 @@
 #include "commands/screen_commands.h"
 #include "console/program_state.h"
 #include "foundation/settings.h"
+#include "panels/filter_compiled.h"
 #include "ui/message_box.h"
 
 namespace zt {
@@ -19,6 +20,14 @@ void ProgramConfiguration::Write() {
 
 void ProgramConfiguration::ShowMessage(const Westring& message, const wchar_t* name) {
     MessageBox(message, name, kBoxOk);
+}
+
+// Any name will do: what counts is whether the mask can be evaluated.
+bool ProgramConfiguration::CheckRule(const Westring& mask, Westring& error) {
+    CompiledFilter filter(mask);
+    if (filter.EvaluateName(L"test") >= 0) return true;
+    error = filter.errorText;
+    return false;
 }
 
 void ProgramConfiguration::ScreenSettingsChanged() {

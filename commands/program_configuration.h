@@ -15,6 +15,7 @@ public:
     void Write();
 
     void ShowMessage(const Westring& message, const wchar_t* name) override;
+    bool CheckRule(const Westring& mask, Westring& error) override;
     void ScreenSettingsChanged() override;
     int ScreenRows() override;
     void CopyPanelState() override;

@@ -273,6 +273,7 @@ bool DirectoryRead::ReadFromDisk() {
     } else {
         scanner_ = std::make_unique<DirectoryScanner>(panel_.path);
     }
+    if (isFiltered_) seams_.filter->BeginRead(panel_);
     entry* found = nullptr;
     if (!TakeFirst(found)) return false;
     ReadEntries(found);

@@ -21,6 +21,20 @@ int CompiledFilter::EvaluateName(const wchar_t* name) {
     return Evaluate(*subject);
 }
 
+int CompiledFilter::Matches(const entry& subject) {
+    program_->BeginAnew();
+    return Evaluate(subject);
+}
+
+int CompiledFilter::MatchesName(const wchar_t* name) {
+    program_->BeginAnew();
+    return EvaluateName(name);
+}
+
+void CompiledFilter::ForgetFiles() {
+    program_->ForgetFiles();
+}
+
 bool CompiledFilter::StandsFor(const Westring& expression) const {
     return program_->StandsFor(expression);
 }

@@ -33,6 +33,12 @@ bool FilterProgram::StandsFor(const Westring& expression) const {
            wcscmp(expression_.c_str(), expression.c_str()) == 0;
 }
 
+void FilterProgram::ForgetFiles() {
+    BeginAnew();
+    for (Test& test : tests_)
+        test.isLookedUp = false;
+}
+
 void FilterProgram::Mask(const Westring& mask) {
     Add(StepKind::kMask, masks_.size());
     masks_.emplace_back(mask);

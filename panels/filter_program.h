@@ -17,6 +17,9 @@ public:
 
     // As CompiledFilter::Evaluate.
     int Evaluate(const entry& subject, Westring& errorText);
+    // The next entry is the first of an evaluator.
+    void BeginAnew() { lastStamp_ = nullptr; }
+    void ForgetFiles();
     bool StandsFor(const Westring& expression) const;
 
 private:

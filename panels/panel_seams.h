@@ -97,6 +97,8 @@ public:
 class IEntryFilter {
 public:
     virtual ~IEntryFilter() = default;
+    // The panel is about to read a directory through its filter, which is other than "*".
+    virtual void BeginRead(const CPanel& panel) { static_cast<void>(panel); }
     // Called with a filter other than "*", for entries that are no directories.
     virtual bool Accepts(const CPanel& panel, const entry& candidate) = 0;
 };

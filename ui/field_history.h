@@ -15,6 +15,7 @@ inline constexpr int kHistoryMasks = 2;
 inline constexpr int kHistoryFindText = 3;
 inline constexpr int kHistorySearch = 5;
 inline constexpr int kHistoryReplace = 6;
+inline constexpr int kHistoryFilters = 7;
 inline constexpr int kHistoryDestinations = 10;
 inline constexpr int kHistorySaveAs = 11;
 

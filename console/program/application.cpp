@@ -41,6 +41,7 @@ Application::~Application() = default;
 
 int Application::Run() {
     LoadIcons();
+    FillSeams();
     abortState = kAbortIdle;
     modifiersDrawn = 0;
     modifiersSeen = 0;
@@ -76,6 +77,12 @@ void Application::LoadIcons() {
 void Application::SetUpLocale() {
     InitLocaleFormats();
     console->SetCodePage(ConsoleCodePage(settings.codePage));
+}
+
+// Where a room below reaches what it may not include.
+void Application::FillSeams() {
+    state.panels.seams.filter = &filter;
+    state.panels.seams.colours = &colours;
 }
 
 // The lines stay as they are, even when they are few: only the columns are mended.

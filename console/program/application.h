@@ -6,6 +6,8 @@
 #include "commands/loop_state.h"
 #include "commands/program_configuration.h"
 #include "console/program/program_options.h"
+#include "panels/colour_rules.h"
+#include "panels/panel_filter.h"
 
 namespace zt {
 
@@ -21,6 +23,7 @@ public:
 
 private:
     void LoadIcons();
+    void FillSeams();
     void SetUpLocale();
     void EnforceMinimumSize();
     void OpenPanels();
@@ -29,6 +32,8 @@ private:
     const Estring programPath;  // argv[0]
     const bool farEnd;
     const ProgramOptions& options;
+    PanelFilter filter;
+    ColourRules colours;
     LoopState state;
     ProgramConfiguration configuration;
     DirectoryChooser directoryChooser;

@@ -73,8 +73,6 @@ constexpr int32_t kReserved[] = {
     // The menu's own codes
     0x100000,
     0x100193,
-    0x100012,
-    0x10019C,
     0x100016,
     0x100017,
     0x100071,

@@ -1,0 +1,30 @@
+#include "panels/filter_prompt.h"
+
+#include "panels/filter_compiled.h"
+#include "panels/panel.h"
+#include "ui/dialog.h"
+#include "ui/message_box.h"
+
+namespace zt {
+
+bool FilterPrompt(CPanel& panel) {
+    const Estring caption =
+        Estring::Format("Filter for %s panel", panel.side == 0 ? "left" : "right");
+    Westring filter = panel.filter;
+
+    Dialog dialog(-1, 5, 76, 8, Colour(ColourClass::kMessages));
+    dialog.AddText(1, 0, Westring(caption));
+    dialog.AddString(1, 1, true, filter, 72, -1, kHistoryFilters);
+    while (dialog.Run() == kExitEnter) {
+        CompiledFilter compiled(filter);
+        if (compiled.EvaluateName(L"test") >= 0) {
+            panel.filter = filter;
+            return true;
+        }
+        MessageBox("Error in expression", compiled.errorText.c_str(), kBoxOk);
+        dialog.SetExitCode(0);
+    }
+    return false;
+}
+
+}  // namespace zt
