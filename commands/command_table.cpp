@@ -1,17 +1,20 @@
 #include "commands/command_table.h"
 
+#include "commands/attribute_commands.h"
 #include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
 #include "commands/directory_commands.h"
 #include "commands/filter_command.h"
 #include "commands/history_commands.h"
 #include "commands/line_commands.h"
+#include "commands/make_commands.h"
 #include "commands/movement_commands.h"
 #include "commands/name_commands.h"
 #include "commands/option_commands.h"
 #include "commands/program_configuration.h"
 #include "commands/quit_command.h"
 #include "commands/screen_commands.h"
+#include "commands/selection_commands.h"
 #include "commands/view_commands.h"
 
 namespace zt {
@@ -25,9 +28,9 @@ constexpr CommandRow kCommands[] = {
     {0, kNeedsNothing, Ignore},
     {0x10100, kNeedsNothing, Ignore},
     // Ctrl and a letter
-    {1, kNeedsPanel | kNeedsNoArchive, nullptr},
+    {1, kNeedsFiles | kNeedsNoArchive, FileAttributesKey},
     {2, kNeedsNothing, nullptr},
-    {3, kNeedsPanel | kNeedsNoArchive, nullptr},
+    {3, kNeedsFiles | kNeedsNoArchive, ChangeCaseKey},
     {4, kNeedsNothing, LineRightOrShiftName},
     {5, kNeedsNothing, RecallOlder},
     {0x1008D, kNeedsNothing, RecallOlder},
@@ -51,18 +54,18 @@ constexpr CommandRow kCommands[] = {
     {0xD, kNeedsNothing, Enter},
     {0xF, kNeedsNothing, TogglePanels},
     {0x10, kNeedsNothing, ToggleOtherPanel},
-    {0x11, kNeedsFiles, nullptr},
+    {0x11, kNeedsFiles, DirectorySizesKey},
     {0x12, kNeedsPanel, Reread},
     {0x13, kNeedsNothing, LineLeftOrShiftName},
     {0x1009B, kNeedsNothing, LineLeftOrShiftName},
-    {0x14, kNeedsFiles, nullptr},
-    {0x20014, kNeedsFiles, nullptr},
+    {0x14, kNeedsFiles, SelectGroupKey},
+    {0x20014, kNeedsFiles, SelectGroupKey},
     {0x15, kNeedsNothing, Swap},
     {0x17, kNeedsFiles | kNeedsNoArchive, nullptr},
     {0x18, kNeedsNothing, RecallNewer},
     {0x10091, kNeedsNothing, RecallNewer},
-    {0x19, kNeedsFiles, nullptr},
-    {0x20019, kNeedsFiles, nullptr},
+    {0x19, kNeedsFiles, UnselectGroupKey},
+    {0x20019, kNeedsFiles, UnselectGroupKey},
     {0x1B, kNeedsNothing, Escape},
     {0x9001A, kNeedsNothing, Escape},
     {0x1C, kNeedsNothing, GoToTopOrOther},
@@ -71,12 +74,12 @@ constexpr CommandRow kCommands[] = {
     {0x1D, kNeedsNothing, InsertRightPath},
     {0x1F, kNeedsPanel, GoBackKey},
     // Groups of entries: the grey keys and their menu entries
-    {0x40002A, kNeedsFiles, nullptr},
-    {0x40002B, kNeedsFiles, nullptr},
-    {0x40002D, kNeedsFiles, nullptr},
-    {0x10006D, kNeedsFiles, nullptr},
-    {0x10006E, kNeedsFiles, nullptr},
-    {0x10006F, kNeedsFiles, nullptr},
+    {0x40002A, kNeedsFiles, InvertSelectionKey},
+    {0x40002B, kNeedsFiles, SelectGroupKey},
+    {0x40002D, kNeedsFiles, UnselectGroupKey},
+    {0x10006D, kNeedsFiles, SelectGroupKey},
+    {0x10006E, kNeedsFiles, UnselectGroupKey},
+    {0x10006F, kNeedsFiles, InvertSelectionKey},
     // Command line and names
     {0x7F, kNeedsNothing, LineDeleteWordLeft},
     {0x1000E, kNeedsNothing, DropSearchCharacter},
@@ -85,15 +88,15 @@ constexpr CommandRow kCommands[] = {
     {0x1003B, kNeedsNothing, nullptr},
     {0x1003C, kNeedsNothing, nullptr},
     {0x30055, kNeedsNothing, nullptr},
-    {0x1003D, kNeedsNothing, nullptr},
-    {0x1006A, kNeedsNothing, nullptr},
-    {0x30060, kNeedsNothing, nullptr},
+    {0x1003D, kNeedsFiles, ViewKey},
+    {0x1006A, kNeedsFiles, ViewKey},
+    {0x30060, kNeedsFiles, ViewKey},
     {0x1003E, kNeedsNothing, nullptr},
     {0x1006B, kNeedsNothing, nullptr},
     {0x30061, kNeedsNothing, nullptr},
     {0x1003F, kNeedsNothing, nullptr},
     {0x10040, kNeedsNothing, nullptr},
-    {0x10041, kNeedsNoArchive, nullptr},
+    {0x10041, kNeedsNoArchive, MakeDirectoryKey},
     {0x10042, kNeedsNothing, nullptr},
     {0x10044, kNeedsNothing, Quit},
     // Movement
@@ -102,8 +105,8 @@ constexpr CommandRow kCommands[] = {
     {0x10049, kNeedsPanel, PageUpKey},
     {0x1004B, kNeedsNothing, LeftKey},
     {0x1004D, kNeedsNothing, RightKey},
-    {0x1004E, kNeedsFiles, nullptr},
-    {0x100072, kNeedsFiles, nullptr},
+    {0x1004E, kNeedsFiles, RestoreSelectionKey},
+    {0x100072, kNeedsFiles, RestoreSelectionKey},
     {0x1004F, kNeedsNothing, EndKey},
     {0x10050, kNeedsNothing, DownKey},
     {0x10051, kNeedsPanel, PageDownKey},
@@ -128,20 +131,20 @@ constexpr CommandRow kCommands[] = {
     {0x10076, kNeedsFiles, EnterCurrent},
     {0x10077, kNeedsNothing, LineHome},
     {0x10084, kNeedsPanel, GoUp},
-    {0x1008E, kNeedsFiles, nullptr},
-    {0x3008E, kNeedsFiles, nullptr},
-    {0x10090, kNeedsFiles, nullptr},
-    {0x30090, kNeedsFiles, nullptr},
+    {0x1008E, kNeedsFiles, UntagAllKey},
+    {0x3008E, kNeedsFiles, UntagAllKey},
+    {0x10090, kNeedsFiles, TagAllKey},
+    {0x30090, kNeedsFiles, TagAllKey},
     {0x10092, kNeedsNothing, CopyLine},
     {0x10093, kNeedsNothing, LineDeleteWordRight},
     {0x10094, kNeedsNothing, nullptr},
     // Alt and movement keys
     {0x10097, kNeedsPanel, GoHome},
-    {0x10098, kNeedsFiles, nullptr},
-    {0x100A0, kNeedsFiles, nullptr},
-    {0x1009D, kNeedsNothing, LineRightOrShiftName},
+    {0x10098, kNeedsFiles, PreviousMatchOrTagKey},
+    {0x100A0, kNeedsFiles, NextMatchOrTagKey},
+    {0x1009D, kNeedsNothing, ExtendSearchOrLineRight},
     {0x10101, kNeedsNothing, LineBackspace},
-    {0x10102, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x10102, kNeedsFiles | kNeedsNoArchive, FileInformationKey},
     {0x10103, kNeedsNothing, nullptr},
     {0x30103, kNeedsNothing, nullptr},
     // Shift and function keys
@@ -157,7 +160,7 @@ constexpr CommandRow kCommands[] = {
     {0x100134, kNeedsNothing, SaveConfiguration},
     {0x3005E, kNeedsNothing, ToggleLeftWidth},
     {0x3005F, kNeedsNothing, ToggleRightWidth},
-    {0x30062, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x30062, kNeedsFiles | kNeedsNoArchive, MakeLinksKey},
     {0x30066, kNeedsBothFiles, nullptr},
     {0x30068, kNeedsPanel, SetActiveStyle},
     {0x30069, kNeedsPanel, SetActiveStyle},
@@ -197,7 +200,7 @@ constexpr CommandRow kCommands[] = {
     {0x100019, kNeedsNothing, StyleByMenu},
     {0x10001A, kNeedsNothing, StyleByMenu},
     {0x10001B, kNeedsNothing, StyleByMenu},
-    {0x100071, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x100071, kNeedsFiles | kNeedsNoArchive, ChangeDateKey},
     {0x1000D0, kNeedsNothing, nullptr},
     {0x1000D1, kNeedsNothing, nullptr},
     {0x10012C, kNeedsNothing, ConfigurationDialog},

@@ -272,6 +272,17 @@ TEST_F(EveryKey, OfTheOptionsAndDialogs) {
     });
 }
 
+TEST_F(EveryKey, OfTheFilesAsks) {
+    Check({
+        {1, kCtrl, {"Down"}, "text  File  Attributes ", " File  Attributes "},
+        {3, kCtrl, {"Down"}, "text Change case of", "Change case of"},
+        {0x100071, 0, {"Down"}, "text Change date of", "Change date of"},
+        {0x10102, kCtrl, {"Down"}, "text  File Information ", " File Information "},
+        {0x10041, 0, {}, "text Create the directory", "Create the directory"},
+        {0x30062, kCtrl | kShift, {"Down"}, "text Make symbolic link", "Make symbolic link"},
+    });
+}
+
 TEST_F(EveryKey, ThatSavesTheConfiguration) {
     for (const int32_t code : {0x3005C, 0x100134}) {
         Session session(Here());

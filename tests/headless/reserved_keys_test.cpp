@@ -7,9 +7,7 @@ namespace {
 
 constexpr int32_t kReserved[] = {
     // Ctrl and a letter
-    1,
     2,
-    3,
     0xB,
     0xC,
     0x11,
@@ -26,7 +24,6 @@ constexpr int32_t kReserved[] = {
     0x1003E,
     0x1003F,
     0x10040,
-    0x10041,
     0x10042,
     0x30054,
     0x30055,
@@ -38,7 +35,6 @@ constexpr int32_t kReserved[] = {
     0x3005B,
     0x30060,
     0x30061,
-    0x30062,
     0x30066,
     0x10068,
     0x10069,
@@ -67,7 +63,6 @@ constexpr int32_t kReserved[] = {
     0x100A0,
     // Others with Ctrl
     0x10094,
-    0x10102,
     0x10103,
     0x30103,
     // The menu's own codes
@@ -75,7 +70,6 @@ constexpr int32_t kReserved[] = {
     0x100193,
     0x100016,
     0x100017,
-    0x100071,
     0x1000D0,
     0x1000D1,
 };
