@@ -4,6 +4,7 @@
 #include "commands/directory_commands.h"
 #include "commands/panel_mouse.h"
 #include "commands/pull_down.h"
+#include "commands/selection_commands.h"
 #include "commands/stored_paths.h"
 #include "console/key_codes.h"
 #include "foundation/settings.h"
@@ -18,6 +19,9 @@ constexpr int32_t kLargestCharacter = 65535;
 constexpr int32_t kNotText = 0x130000;             // bits that no character has
 constexpr int32_t kFirstSortKey = kKeyCtrlF1 + 2;  // Ctrl-F3 to Ctrl-F8
 constexpr int32_t kLastSortKey = kKeyCtrlF1 + 7;
+constexpr int32_t kMenuSelectGroup = 0x10006D;
+constexpr int32_t kMenuUnselectGroup = 0x10006E;
+constexpr int32_t kMenuInvertSelection = 0x10006F;
 constexpr int32_t kSortMenuCode[2] = {0x100001, 0x100007};  // left, right
 
 // One step of what happens to an event before it is looked up. It may turn the event into another
@@ -83,6 +87,14 @@ bool KeepsCursorBar(const LoopState& state, int32_t code) {
         case kKeyModifiersChanged:
         case CtrlKey('s'):
             return true;
+        // These come to the panel before anything else, and leave the bar under their question.
+        case kKeyGreyPlus:
+        case kKeyGreyMinus:
+        case kKeyGreyMultiply:
+        case kMenuSelectGroup:
+        case kMenuUnselectGroup:
+        case kMenuInvertSelection:
+            return true;
         default:
             return code < 0;
     }
@@ -118,11 +130,13 @@ bool NeedsAreMet(LoopState& state, uint8_t needs) {
     return true;
 }
 
-// A code that the table does not hold may still stand for a character.
+// A code that the table does not hold may still stand for a character, as Alt with a letter does.
 void TakeUnlisted(LoopState& state, const KeyPress& key) {
     TEventRecord record;
     record.unicode = key.unicode;
-    if (ToCharacter(key.code, record) == '\\') GoToOtherPath(state);
+    const int32_t character = ToCharacter(key.code, record);
+    if (character == '\\') return GoToOtherPath(state);
+    if (character > 0 && character < kLargestCharacter) StartQuickSearch(state, character);
 }
 
 }  // namespace

@@ -39,6 +39,7 @@ struct LoopState {
     bool drawCursorBar = true;
     int drawLine = kDrawLineBarAndTitle;
     int carriedKey = 0;  // a key that an inner loop has read and the next pass handles
+    TEventRecord carriedRecord;  // what came with it
     bool leave = false;
     bool bothPanelsOff = false;
     // The right button's drag: what it does to the entries it passes, and the last of them.

@@ -17,6 +17,8 @@ struct PanelPair {
     // over, rather than asking the disk twice.
     bool sharesReads = false;
     DirectoryHistory directoryHistory;
+    // The last expression by which a group was tagged or untagged, on either side.
+    Westring lastGroupPattern = "*";
     OwnerNames owners;
     PanelSeams seams;
 

@@ -5,14 +5,25 @@
 
 namespace zt {
 
+void SetTag(CPanel& panel, entry& e, bool tagged) {
+    e.tagged = tagged ? 1 : 0;
+    panel.taggedCount += tagged ? 1 : -1;
+    if (tagged) {
+        panel.taggedBytes += e.size;
+    } else {
+        // Totals of directories that were found before a count was stopped are in the sizes, but
+        // not in the sum: it must not fall below nothing.
+        panel.taggedBytes -= e.size < panel.taggedBytes ? e.size : panel.taggedBytes;
+    }
+    if (panel.taggedCount == 0) panel.taggedBytes = 0;
+}
+
 void TagEntry(CPanel& panel, int index, TagMode mode) {
     entry* e = panel.entries.At(index);
     if (!e || !panel.IsFiles() || panel.IsTree() || e->IsDotDot()) return;
     const bool wanted = mode == TagMode::kToggle ? !e->tagged : mode == TagMode::kSet;
     if (wanted == (e->tagged != 0)) return;
-    e->tagged = wanted ? 1 : 0;
-    panel.taggedCount += wanted ? 1 : -1;
-    panel.taggedBytes += wanted ? e->size : -e->size;
+    SetTag(panel, *e, wanted);
     if (index >= panel.top && index < panel.top + panel.visibleEntries) DrawEntry(panel, index);
 }
 

@@ -13,6 +13,7 @@ inline constexpr int kNoHistory = 13;
 // Some of the numbers in use.
 inline constexpr int kHistoryMasks = 2;
 inline constexpr int kHistoryFindText = 3;
+inline constexpr int kHistoryGroup = 4;
 inline constexpr int kHistorySearch = 5;
 inline constexpr int kHistoryReplace = 6;
 inline constexpr int kHistoryFilters = 7;

@@ -1,6 +1,7 @@
 #include "console/program/main_loop.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "commands/dispatch.h"
 #include "commands/screen_commands.h"
@@ -85,15 +86,15 @@ void DrawPass(LoopState& state) {
 // The cursor shows only while the program waits for a key.
 KeyPress NextKey(LoopState& state) {
     KeyPress key;
-    if (state.carriedKey != 0) {
-        key.code = state.carriedKey;
-        state.carriedKey = 0;
-        return key;
-    }
     TEventRecord record;
-    console->SetCursorSize(kInsertionCursorPercent);
-    key.code = ReadKey(&record, -1);
-    console->SetCursorSize(0);
+    if (state.carriedKey != 0) {
+        key.code = std::exchange(state.carriedKey, 0);
+        record = std::exchange(state.carriedRecord, TEventRecord());
+    } else {
+        console->SetCursorSize(kInsertionCursorPercent);
+        key.code = ReadKey(&record, -1);
+        console->SetCursorSize(0);
+    }
     key.modifiers = record.modifiers;
     key.unicode = record.unicode;
     key.mouse = record.mouse;
