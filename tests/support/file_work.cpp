@@ -1,0 +1,149 @@
+// Running work on files under faults.
+#include "tests/support/file_work.h"
+
+#include <sys/stat.h>
+#include <filesystem>
+
+#include "tests/support/panel_view.h"
+
+namespace zt::headless {
+
+namespace {
+
+constexpr int kRows = 50;
+constexpr int kMostBoxes = 60;
+
+dev_t DeviceOf(const std::string& path) {
+    struct stat info {};
+    return stat(path.c_str(), &info) == 0 ? info.st_dev : 0;
+}
+
+bool Has(const std::string& text, std::string_view piece) {
+    return text.find(piece) != std::string::npos;
+}
+
+// The key that answers the box on the screen.
+std::string_view AnswerTo(const std::string& screen, BoxPolicy policy, int boxesBefore) {
+    if (policy == BoxPolicy::kCancel) return "Esc";
+    const bool retry = Has(screen, "Retry");
+    const bool skip = Has(screen, "Skip");
+    if (policy == BoxPolicy::kRetryOnce && boxesBefore == 0) return retry ? "r" : "Enter";
+    if (skip) return "s";
+    return boxesBefore > kMostBoxes / 2 ? "Esc" : "Enter";
+}
+
+}  // namespace
+
+std::vector<WireEvent> Keys(std::initializer_list<std::string_view> names) {
+    std::vector<WireEvent> all;
+    for (std::string_view name : names) {
+        const std::vector<WireEvent> press = KeyPress(name);
+        all.insert(all.end(), press.begin(), press.end());
+    }
+    return all;
+}
+
+WorkPlace::WorkPlace(Kind kind, uint64_t bytes) {
+    if (kind == Kind::kOneFileSystem) {
+        systems.push_back(std::make_unique<SmallFileSystem>(tree.Path(), bytes));
+    }
+    tree.Folder("from").Folder("to");
+    if (kind == Kind::kTwoFileSystems) {
+        systems.push_back(std::make_unique<SmallFileSystem>(From(), bytes));
+        systems.push_back(std::make_unique<SmallFileSystem>(To(), bytes));
+    }
+}
+
+bool WorkPlace::HasTwoFileSystems() const {
+    return DeviceOf(From()) != DeviceOf(To());
+}
+
+void WorkPlace::Clear() {
+    for (const std::string& folder : {std::string("from"), std::string("to")}) {
+        for (const std::string& name : tree.Names(folder))
+            tree.Remove(folder + "/" + name);
+    }
+}
+
+FileWork::FileWork(WorkPlace& where, const std::string& settings) : place(where) {
+    home.File(".ztx/zt.ini", "[General Options]\n" + settings);
+    faults = std::make_unique<FaultControl>(place.tree.Path());
+    StartAgain();
+}
+
+FileWork::~FileWork() {
+    faults->Disarm();
+}
+
+void FileWork::StartAgain() {
+    faults->Disarm();
+    session.reset();
+    SessionOptions options;
+    options.home = home.Path();
+    options.directory = place.From();
+    options.arguments = {"-r", place.To()};
+    options.environment = faults->Environment();
+    options.rows = kRows;
+    session = std::make_unique<Session>(options);
+    EXPECT_TRUE(faults->IsLoaded()) << session->StandardError();
+}
+
+void FileWork::Settle(const std::vector<WireEvent>& events) {
+    session->Send(events);
+    ASSERT_TRUE(session->WaitForQuiet());
+}
+
+void FileWork::TagAll(size_t count) {
+    std::vector<WireEvent> events = Keys({"Ctrl-r", "Ctrl-Grey-", "Home", "Ins"});
+    for (size_t i = 0; i < count; i++) {
+        const std::vector<WireEvent> press = KeyPress("Ins");
+        events.insert(events.end(), press.begin(), press.end());
+    }
+    Settle(events);
+}
+
+void FileWork::GoTo(size_t number) {
+    std::vector<WireEvent> events = Keys({"Ctrl-r", "Ctrl-Grey-", "Home"});
+    for (size_t i = 0; i < number; i++) {
+        const std::vector<WireEvent> press = KeyPress("Down");
+        events.insert(events.end(), press.begin(), press.end());
+    }
+    Settle(events);
+}
+
+bool FileWork::AnswerBoxes(BoxPolicy policy, std::vector<std::string>* boxes) {
+    for (int i = 0; i < kMostBoxes && !session->AtPrompt() && !session->HasEnded(); i++) {
+        const std::string screen = session->Text();
+        if (boxes) boxes->push_back(screen);
+        Settle(KeyPress(AnswerTo(screen, policy, i)));
+    }
+    return session->AtPrompt();
+}
+
+WorkReport FileWork::Run(const std::string& trigger, const FaultOrder& order, BoxPolicy policy) {
+    WorkReport report;
+    FaultOrder whole = order;
+    whole.untilListed = place.From();
+    faults->Arm(whole);
+    Settle(KeyPress(trigger));
+    report.finished = AnswerBoxes(policy, &report.boxes);
+    faults->Disarm();
+    report.seen = faults->Seen();
+    report.hits = faults->Hits();
+    if (report.hits > 0) report.hit = faults->NameOf(order.first);
+    report.tagged = Tagged();
+    report.panelStands = PanelView(*session, 0).Title() == place.From();
+    return report;
+}
+
+std::set<std::string> FileWork::Tagged() const {
+    const PanelView panel(*session, 0);
+    std::set<std::string> out;
+    for (const std::string& name : panel.Names()) {
+        const uint8_t attribute = panel.AttributeOf(name);
+        if (attribute == kTagged || attribute == kHighlightTagged) out.insert(name);
+    }
+    return out;
+}
+
+}  // namespace zt::headless
