@@ -103,12 +103,12 @@ bool SizeCalculation::AddUp(entry& directory) {
 }
 
 int64_t SizeCalculation::TotalOf(const Westring& path) {
-    const StopAsked stopAsked = [this] { return escape_.Heard(); };
+    const StopWanted stopWanted = [this] { return escape_.Heard(); };
     if (panel_.archive && seams_.archives) {
-        return seams_.archives->DirectoryTotal(panel_, path, progress_, stopAsked);
+        return seams_.archives->DirectoryTotal(panel_, path, progress_, stopWanted);
     }
     ITreeTotals* totals = panel_.tree ? seams_.totals : nullptr;
-    DirectoryWalk walk(progress_, stopAsked, totals);
+    DirectoryWalk walk(progress_, stopWanted, totals);
     return walk.Total(NameToBytes(path).c_str(), totals ? totals->NodeOf(panel_, path) : nullptr);
 }
 

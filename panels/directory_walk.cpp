@@ -71,8 +71,11 @@ std::vector<std::string> WalkProgress::NamesEntered() const {
     return names;
 }
 
-DirectoryWalk::DirectoryWalk(WalkProgress& progress, StopAsked stopAsked, ITreeTotals* totals)
-    : progress_(progress), stopAsked_(std::move(stopAsked)), totals_(totals), batch_(kBatchBytes) {}
+DirectoryWalk::DirectoryWalk(WalkProgress& progress, StopWanted stopWanted, ITreeTotals* totals)
+    : progress_(progress),
+      stopWanted_(std::move(stopWanted)),
+      totals_(totals),
+      batch_(kBatchBytes) {}
 
 DirectoryWalk::~DirectoryWalk() {
     CloseAll();
@@ -88,7 +91,7 @@ void DirectoryWalk::CloseAll() {
 
 int64_t DirectoryWalk::Total(const char* directory, TREENODE* node) {
     progress_.SetPath(directory);
-    if (stopAsked_()) return kStopped;
+    if (stopWanted_()) return kStopped;
     progress_.AddDirectory();
     Level top;
     top.node = node;
@@ -109,7 +112,7 @@ int64_t DirectoryWalk::Total(const char* directory, TREENODE* node) {
             total = level.total;
             LeaveLevel();
         }
-        goesOn = goesOn && !stopAsked_();
+        goesOn = goesOn && !stopWanted_();
     }
     // A stop that is asked for when all is done is too late.
     const bool isDone = levels_.empty();
@@ -133,7 +136,7 @@ bool DirectoryWalk::TakeBatch(const char* batch, size_t length) {
         at += listed->d_reclen;
         if (!IsDots(listed->d_name)) TakeEntry(listed->d_name, listed->d_type);
         if (--untilAsk > 0) continue;
-        if (stopAsked_()) return false;
+        if (stopWanted_()) return false;
         untilAsk = kEntriesBetweenAsks;
     }
     return true;

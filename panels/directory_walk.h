@@ -55,9 +55,9 @@ class DirectoryWalk {
 public:
     static constexpr int64_t kStopped = -1;
 
-    // `stopAsked` is called all the time: it must be cheap. `totals`, if there is one, takes the
+    // `stopWanted` is called all the time: it must be cheap. `totals`, if there is one, takes the
     // total of each directory that the tree holds.
-    DirectoryWalk(WalkProgress& progress, StopAsked stopAsked, ITreeTotals* totals = nullptr);
+    DirectoryWalk(WalkProgress& progress, StopWanted stopWanted, ITreeTotals* totals = nullptr);
     ~DirectoryWalk();
     DirectoryWalk(const DirectoryWalk&) = delete;
     DirectoryWalk& operator=(const DirectoryWalk&) = delete;
@@ -96,7 +96,7 @@ private:
     void CloseAll();
 
     WalkProgress& progress_;
-    const StopAsked stopAsked_;
+    const StopWanted stopWanted_;
     ITreeTotals* const totals_;
     std::vector<Level> levels_;  // outermost first
     std::vector<char> names_;    // of what waits: zero-ended, the deepest level's at the end

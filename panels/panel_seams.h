@@ -16,7 +16,7 @@ struct CPanel;
 struct TREENODE;
 class WalkProgress;
 // True when work that takes long is to end early.
-using StopAsked = std::function<bool()>;
+using StopWanted = std::function<bool()>;
 
 class IPanelArchives {
 public:
@@ -37,9 +37,9 @@ public:
     // The target that the archive's record has for a link.
     virtual Westring LinkTarget(const CPanel& panel, const entry& link) = 0;
     // The bytes of all files below the directory `path` of the innermost open archive; -1 when
-    // `stopAsked`, which is to be called often, said so.
+    // `stopWanted`, which is to be called often, said so.
     virtual int64_t DirectoryTotal(CPanel& panel, const Westring& path, WalkProgress& progress,
-                                   const StopAsked& stopAsked) = 0;
+                                   const StopWanted& stopWanted) = 0;
 };
 
 class IPanelTree {

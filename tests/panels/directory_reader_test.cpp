@@ -293,7 +293,7 @@ public:
     bool HasDirectory(CPanel&, const Westring&) override { return false; }
     Westring RealDirectory(const CPanel&) override { return "/"; }
     Westring LinkTarget(const CPanel&, const entry&) override { return "inside"; }
-    int64_t DirectoryTotal(CPanel&, const Westring&, WalkProgress&, const StopAsked&) override {
+    int64_t DirectoryTotal(CPanel&, const Westring&, WalkProgress&, const StopWanted&) override {
         return 0;
     }
 };

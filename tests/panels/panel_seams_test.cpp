@@ -67,7 +67,7 @@ public:
     }
     Westring RealDirectory(const CPanel&) override { return NameFromBytes(realDirectory.c_str()); }
     Westring LinkTarget(const CPanel&, const entry&) override { return "inside"; }
-    int64_t DirectoryTotal(CPanel&, const Westring&, WalkProgress&, const StopAsked&) override {
+    int64_t DirectoryTotal(CPanel&, const Westring&, WalkProgress&, const StopWanted&) override {
         return 0;
     }
 
