@@ -20,6 +20,11 @@ constexpr int kSecondsPerHour = 3600;
 // within its numbers.
 constexpr double kLongestSeconds = 1e9;
 
+// Wider texts stay as they are.
+Westring Padded(const Westring& text, int width) {
+    return text.Length() < width ? text.PadRight(width) : text;
+}
+
 }  // namespace
 
 Westring DurationText(double seconds) {
@@ -57,7 +62,7 @@ Westring StatisticsText(double elapsed, uint64_t done, uint64_t total) {
     const uint64_t left = total > done ? total - done : 0;
     const double estimate = elapsed / static_cast<double>(done) * static_cast<double>(left);
     return L"Time: " + DurationText(elapsed) + L"  BPS: " +
-           RateText(static_cast<uint64_t>(rate)).PadRight(kRateColumns) + L"  ETA: " +
+           Padded(RateText(static_cast<uint64_t>(rate)), kRateColumns) + L"  ETA: " +
            DurationText(estimate);
 }
 
