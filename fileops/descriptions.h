@@ -3,6 +3,9 @@
 // line ends included; the file is replaced whole, and goes with its last line. First thread only.
 #pragma once
 
+#include <string>
+#include <unordered_set>
+
 #include "foundation/std_file.h"
 #include "foundation/westring.h"
 
@@ -22,5 +25,27 @@ void CarryAndRemoveDescription(const Westring& source, const Westring& target,
                                StdFile& descriptions);
 // Takes the line of `path` out of its directory's description file, if it is there.
 void RemoveDescription(const Westring& path);
+
+// The lines of many files of one directory, taken out in one go: a long description file is not
+// written anew for each of them.
+class DescriptionRemovals {
+public:
+    // `wanted` false: the directory has no description file, and nothing is kept.
+    explicit DescriptionRemovals(bool wanted) : wanted_(wanted) {}
+
+    // A name in bytes.
+    void Add(const char* name) {
+        if (wanted_) names_.insert(name);
+    }
+    // Takes the lines out of the file of the directory open at `directory` and forgets the names.
+    void Apply(int directory);
+
+private:
+    bool wanted_;
+    std::unordered_set<std::string> names_;
+};
+
+// The directory open at `directory` has a description file.
+bool HasDescriptions(int directory);
 
 }  // namespace zt
