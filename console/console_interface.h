@@ -15,6 +15,9 @@
 
 namespace zt {
 
+class CTerminal;
+class IScrollBackSink;
+
 class IConsole {
 public:
     virtual ~IConsole() = default;
@@ -73,6 +76,19 @@ public:
     virtual bool GetClipboardText(Westring& text) = 0;
     virtual void SetClipboardText(const Westring& text) = 0;
     virtual void SetClipboardBytes(const Estring& text) = 0;  // in the code page
+
+    // While a program runs in the console, its terminal (terminal/terminal.h) takes the keys and
+    // the teletype text. `fd`, borrowed until CloseTerminal, is where the keys are written to.
+    // Opening closes one that is open; closing gives back what its alternate screen covers. When
+    // CloseTerminal has returned, no other thread uses the terminal or `fd` any more. First thread
+    // only. Terminal gives null when none is open.
+    virtual void OpenTerminal(int fd) = 0;
+    virtual void CloseTerminal() = 0;
+    virtual CTerminal* Terminal() = 0;
+    // Borrowed; null for none. Takes the lines that leave the screen. First thread only.
+    virtual void SetScrollBackSink(IScrollBackSink* sink) = 0;
+    // Nobody sees this screen any more, nor types, and nobody will again.
+    virtual bool HasEnded() { return false; }
 };
 
 }  // namespace zt

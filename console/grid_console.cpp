@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "console/terminal/terminal.h"
 #include "foundation/colour_classes.h"
 
 namespace zt {
@@ -174,6 +175,24 @@ ITerminalSink* GridConsole::TerminalSink() {
 void GridConsole::SetScrollBackSink(IScrollBackSink* sink) {
     Guard guard(gridLock);
     scrollBackSink = sink;
+}
+
+void GridConsole::OpenTerminal(int fd) {
+    CloseTerminal();
+    IScrollBackSink* scrollBack;
+    {
+        Guard guard(gridLock);
+        scrollBack = scrollBackSink;
+    }
+    terminal = std::make_unique<CTerminal>(*this, fd, scrollBack);
+    SetTerminalSink(terminal.get());
+}
+
+void GridConsole::CloseTerminal() {
+    if (terminal == nullptr) return;
+    SetTerminalSink(nullptr);
+    terminal->Close();
+    terminal.reset();
 }
 
 bool GridConsole::GiveKeyToSink(int32_t code, int32_t modifiers, int32_t unicode) {

@@ -68,7 +68,10 @@ public:
     // takes a sink away has returned, the sink is in no other thread's hands any more.
     void SetTerminalSink(ITerminalSink* sink);
     ITerminalSink* TerminalSink();
-    void SetScrollBackSink(IScrollBackSink* sink);
+    void SetScrollBackSink(IScrollBackSink* sink) override;
+    void OpenTerminal(int fd) override;
+    void CloseTerminal() override;
+    CTerminal* Terminal() override { return terminal.get(); }
     // Any thread: true when a sink is set and has taken the key or the character.
     bool GiveKeyToSink(int32_t code, int32_t modifiers, int32_t unicode);
     bool GiveCharacterToSink(int32_t character);
@@ -170,6 +173,7 @@ private:
     std::recursive_mutex sinkLock;
     ITerminalSink* terminalSink = nullptr;
     IScrollBackSink* scrollBackSink = nullptr;
+    std::unique_ptr<CTerminal> terminal;
 };
 
 }  // namespace zt

@@ -14,7 +14,7 @@ import sys
 # From the ground up. The longest folder that a path begins with is its floor.
 FLOORS = [
     ["foundation"],
-    ["console", "console/wire", "console/window"],
+    ["console", "console/terminal", "console/wire", "console/window"],
     ["ui"],
     ["text"],
     ["archives/listing"],

@@ -10,6 +10,7 @@ import sys
 ROOMS = [
     ("foundation", "strings, collections, files, paths, masks, time and size text, the settings"),
     ("console", "cells and the cell grid, the console interface, events and key codes"),
+    ("console/terminal", "the embedded terminal, and running programs in it"),
     ("console/wire", "the wire format, the display's end of it and the far end"),
     ("console/window", "the GTK window: the only files that see the toolkit"),
     ("ui", "windows, dialogs and their elements, message boxes, progress, menu, key bar"),

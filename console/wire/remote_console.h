@@ -53,6 +53,7 @@ public:
     // After the end of the input every read gives the quit event at once, for ever.
     bool ReadEvent(TEvent& event, int timeoutMilliseconds) override;
     int PendingEvents() override;
+    bool HasEnded() override { return hasEnded; }
 
     void SetTitle(const Westring& title) override;
     void SetCodePage(int codePage) override;
