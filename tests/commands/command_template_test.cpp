@@ -6,6 +6,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "panels/cursor_movement.h"
+#include "panels/tagging.h"
 #include "tests/panels/panel_fixture.h"
 
 namespace zt {
@@ -14,7 +16,10 @@ namespace {
 class CommandTemplateTest : public PanelFixture {
 protected:
     void SetUp() override {
-        tree.File("here/a b.tar.gz").File("here/-x").File("here/.rc").File("there/other one");
+        for (const char* folder : {"here", "there"})
+            tree.Folder(folder);
+        for (const char* file : {"here/a b.tar.gz", "here/-x", "here/n.rc", "there/other one"})
+            tree.File(file);
         Start("here", "there");
         ASSERT_TRUE(PutCursor(left, "a b.tar.gz"));
         ASSERT_TRUE(PutCursor(right, "other one"));
@@ -81,14 +86,14 @@ TEST_F(CommandTemplateTest, ExpandsThePanels) {
 
 TEST_F(CommandTemplateTest, TakesTheTaggedEntriesOrElseTheCurrentOne) {
     EXPECT_EQ(Expand("!t|!T"), "a\\ b.tar.gz|" + Here() + "/a\\ b.tar.gz");
-    Tag(".rc");
+    Tag("n.rc");
     Tag("-x");
-    EXPECT_EQ(Expand("!t"), ".rc ./-x");
-    EXPECT_EQ(Expand("!T"), Here() + "/.rc " + Here() + "/-x");
+    EXPECT_EQ(Expand("!t"), "./-x n.rc");
+    EXPECT_EQ(Expand("!T"), Here() + "/-x " + Here() + "/n.rc");
 }
 
 TEST_F(CommandTemplateTest, ListsNamesInAFileThatGoes) {
-    Tag(".rc");
+    Tag("n.rc");
     Tag("-x");
     std::string path;
     {
@@ -98,12 +103,12 @@ TEST_F(CommandTemplateTest, ListsNamesInAFileThatGoes) {
         path = NameToBytes(command.ExpandFor(Source(), Westring())).c_str();
         std::ifstream in(path);
         EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}),
-                  Here() + "/.rc\n" + Here() + "/-x\n");
+                  Here() + "/-x\n" + Here() + "/n.rc\n");
     }
     EXPECT_NE(access(path.c_str(), F_OK), 0) << path;
     const std::string names = Expand("!l");
     std::ifstream in(names);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), ".rc\n-x\n");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "-x\nn.rc\n");
 }
 
 TEST_F(CommandTemplateTest, TheCommandItselfCanRemoveTheLists) {
