@@ -102,9 +102,9 @@ void Escape(LoopState& state, const KeyPress& key) {
     if (key.modifiers & kModifierCtrl || key.code == kCtrlBracket) {
         return InsertLeftPath(state, key);
     }
+    state.Active().searchText.Clear();
     if (state.line.IsEmpty() && settings.escPanelSwitch) return TogglePanels(state, key);
     state.line.Clear();
-    state.Active().searchText.Clear();
     AfterEdit(state);
 }
 
