@@ -3,6 +3,7 @@
 #include "commands/attribute_commands.h"
 #include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
+#include "commands/delete_commands.h"
 #include "commands/directory_commands.h"
 #include "commands/filter_command.h"
 #include "commands/history_commands.h"
@@ -14,6 +15,7 @@
 #include "commands/program_configuration.h"
 #include "commands/quit_command.h"
 #include "commands/screen_commands.h"
+#include "commands/scroll_back_command.h"
 #include "commands/selection_commands.h"
 #include "commands/view_commands.h"
 
@@ -29,7 +31,7 @@ constexpr CommandRow kCommands[] = {
     {0x10100, kNeedsNothing, Ignore},
     // Ctrl and a letter
     {1, kNeedsFiles | kNeedsNoArchive, FileAttributesKey},
-    {2, kNeedsNothing, nullptr},
+    {2, kNeedsNothing, ShowScrollBackKey},
     {3, kNeedsFiles | kNeedsNoArchive, ChangeCaseKey},
     {4, kNeedsNothing, LineRightOrShiftName},
     {5, kNeedsNothing, RecallOlder},
@@ -97,7 +99,7 @@ constexpr CommandRow kCommands[] = {
     {0x1003F, kNeedsNothing, nullptr},
     {0x10040, kNeedsNothing, nullptr},
     {0x10041, kNeedsNoArchive, MakeDirectoryKey},
-    {0x10042, kNeedsNothing, nullptr},
+    {0x10042, kNeedsFiles | kNeedsNoArchive, Delete},
     {0x10044, kNeedsNothing, Quit},
     // Movement
     {0x10047, kNeedsNothing, HomeKey},
@@ -155,7 +157,7 @@ constexpr CommandRow kCommands[] = {
     {0x30058, kNeedsFiles | kNeedsNoArchive, nullptr},
     {0x30059, kNeedsFiles | kNeedsNoArchive, nullptr},
     {0x3005A, kNeedsNothing, nullptr},
-    {0x3005B, kNeedsNothing, nullptr},
+    {0x3005B, kNeedsNoArchive, DeleteNamed},
     {0x3005C, kNeedsNothing, SaveConfiguration},
     {0x100134, kNeedsNothing, SaveConfiguration},
     {0x3005E, kNeedsNothing, ToggleLeftWidth},

@@ -32,6 +32,15 @@ struct KeyPress {
     bool HasShift() const { return modifiers & kModifierShift || code & kKeyCtrlShiftLetter; }
 };
 
+struct LoopState;
+
+// What the scroll-back's key does; filled in at start-up by the floor that has the viewer.
+class IScrollBackCommand {
+public:
+    virtual ~IScrollBackCommand() = default;
+    virtual void ShowScrollBack(LoopState& state) = 0;
+};
+
 struct LoopState {
     PanelPair panels;
     CommandLine line;
@@ -51,6 +60,7 @@ struct LoopState {
     std::unique_ptr<CFunctionKeyBar> functionKeys;
     PullDownMenu menu;
     bool menuCancelled = true;  // the menu was last left with nothing chosen
+    IScrollBackCommand* scrollBack = nullptr;  // borrowed
 
     // A command changed what the panels or the line show: all of it is drawn at the next pass.
     void DrawAll() {

@@ -35,9 +35,14 @@ constexpr int kCursorAtExitPercent = 15;
 }  // namespace
 
 Application::Application(const Estring& path, bool isFarEnd, const ProgramOptions& programOptions)
-    : programPath(path), farEnd(isFarEnd), options(programOptions), configuration(state) {}
+    : programPath(path), farEnd(isFarEnd), options(programOptions), configuration(state) {
+    console->SetScrollBackSink(&scrollBack);
+    state.scrollBack = &scrollBackCommand;
+}
 
-Application::~Application() = default;
+Application::~Application() {
+    console->SetScrollBackSink(nullptr);
+}
 
 int Application::Run() {
     LoadIcons();

@@ -6,6 +6,7 @@
 #include "commands/loop_state.h"
 #include "commands/program_configuration.h"
 #include "console/program/program_options.h"
+#include "console/program/scroll_back_viewer.h"
 #include "panels/colour_rules.h"
 #include "panels/panel_filter.h"
 
@@ -34,6 +35,8 @@ private:
     const ProgramOptions& options;
     PanelFilter filter;
     ColourRules colours;
+    CScrollBackBuffer scrollBack;
+    ScrollBackCommand scrollBackCommand{scrollBack};
     LoopState state;
     ProgramConfiguration configuration;
     DirectoryChooser directoryChooser;

@@ -7,7 +7,6 @@ namespace {
 
 constexpr int32_t kReserved[] = {
     // Ctrl and a letter
-    2,
     0xB,
     0xC,
     0x17,
@@ -18,7 +17,6 @@ constexpr int32_t kReserved[] = {
     0x1003E,
     0x1003F,
     0x10040,
-    0x10042,
     0x30054,
     0x30055,
     0x30056,
@@ -26,7 +24,6 @@ constexpr int32_t kReserved[] = {
     0x30058,
     0x30059,
     0x3005A,
-    0x3005B,
     0x30061,
     0x30066,
     0x10068,
