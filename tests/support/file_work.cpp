@@ -25,10 +25,9 @@ bool Has(const std::string& text, std::string_view piece) {
 // The key that answers the box on the screen.
 std::string_view AnswerTo(const std::string& screen, BoxPolicy policy, int boxesBefore) {
     if (policy == BoxPolicy::kCancel) return "Esc";
-    const bool retry = Has(screen, "Retry");
-    const bool skip = Has(screen, "Skip");
-    if (policy == BoxPolicy::kRetryOnce && boxesBefore == 0) return retry ? "r" : "Enter";
-    if (skip) return "s";
+    const bool mayRetry = Has(screen, "Retry");
+    if (policy == BoxPolicy::kRetryOnce && boxesBefore == 0 && mayRetry) return "r";
+    if (Has(screen, "Skip")) return "s";
     return boxesBefore > kMostBoxes / 2 ? "Esc" : "Enter";
 }
 
