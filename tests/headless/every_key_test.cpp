@@ -279,6 +279,8 @@ TEST_F(EveryKey, OfTheFilesAsks) {
         {0x100071, 0, {"Down"}, "text Change date of", "Change date of"},
         {0x10102, kCtrl, {"Down"}, "text  File Information ", " File Information "},
         {0x10041, 0, {}, "text Create the directory", "Create the directory"},
+        {0x10042, 0, {"Down"}, "text Do you wish to delete", "Do you wish to delete"},
+        {0x3005B, kShift, {"Down"}, "text Delete the file:", "Delete the file:"},
         {0x30062, kCtrl | kShift, {"Down"}, "text Make symbolic link", "Make symbolic link"},
     });
 }
