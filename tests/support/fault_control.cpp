@@ -54,6 +54,8 @@ void FaultControl::Arm(const FaultOrder& order) {
     plan->firstHit = order.first == 0 ? UINT32_MAX : order.first;
     plan->lastHit = order.lasting ? UINT32_MAX - 1 : order.first;
     plan->calls = order.calls;
+    ASSERT_LT(order.ending.size(), sizeof plan->ending);
+    strcpy(plan->ending, order.ending.c_str());
     ASSERT_LT(order.untilListed.size(), sizeof plan->untilListed);
     strcpy(plan->untilListed, order.untilListed.c_str());
     plan->seen = 0;

@@ -16,6 +16,7 @@ struct FaultOrder {
     uint32_t first = 0;                  // the call to be hit, counted from 1; 0: none
     bool lasting = false;                // and all that follow
     uint32_t calls = faults::kAllCalls;  // BitOf those that count
+    std::string ending;                  // only calls on a path that ends so; empty: all
     std::string untilListed;             // listing this folder ends the walk; empty: none
 };
 

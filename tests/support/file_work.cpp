@@ -135,6 +135,18 @@ WorkReport FileWork::Run(const std::string& trigger, const FaultOrder& order, Bo
     return report;
 }
 
+bool FileWork::RunToPause(const std::string& trigger, const FaultOrder& order) {
+    faults->Arm(order);
+    Settle(KeyPress(trigger));
+    return faults->Pausing() != 0;
+}
+
+void FileWork::GoOn() {
+    faults->GoOn();
+    ASSERT_TRUE(session->WaitFor([this] { return faults->Pausing() == 0; }, "the call to go on"));
+    ASSERT_TRUE(session->WaitForQuiet());
+}
+
 std::set<std::string> FileWork::Tagged() const {
     const PanelView panel(*session, 0);
     std::set<std::string> out;

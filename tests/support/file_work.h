@@ -67,6 +67,11 @@ public:
 
     // Presses `trigger` with the order in force and answers the boxes until the panels are there.
     WorkReport Run(const std::string& trigger, const FaultOrder& order, BoxPolicy policy);
+    // Presses `trigger` and comes back when the program stands before the call of the order, which
+    // must ask for a pause. False: that call did not come.
+    bool RunToPause(const std::string& trigger, const FaultOrder& order);
+    // Lets it go on until it waits for a key.
+    void GoOn();
     // Answers what stands on the screen; false when nothing helps.
     bool AnswerBoxes(BoxPolicy policy, std::vector<std::string>* boxes = nullptr);
     // What is tagged in the left panel, as far as it is to be seen.

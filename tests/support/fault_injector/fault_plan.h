@@ -77,6 +77,8 @@ struct FaultPlan {
     std::atomic<uint32_t> firstHit;  // the call, counted from 1, with which the faults begin
     std::atomic<uint32_t> lastHit;   // and with which they end
     std::atomic<uint32_t> calls;     // BitOf those that count
+    // Only calls on a path with this ending count. Empty: all.
+    char ending[256];
     // Listing exactly this folder (not one below it) disarms the plan before the call counts: so a
     // panel that is read again ends the walk. Empty: none.
     char untilListed[512];

@@ -131,8 +131,14 @@ Verdict Hit(uint32_t number) {
     return {};
 }
 
+bool HasEnding(const char* path) {
+    const size_t length = strlen(path);
+    const size_t wanted = strlen(plan->ending);
+    return length >= wanted && memcmp(path + (length - wanted), plan->ending, wanted) == 0;
+}
+
 Verdict Judge(Call call, const char* path) {
-    if (!plan->armed || !(plan->calls & BitOf(call))) return {};
+    if (!plan->armed || !(plan->calls & BitOf(call)) || !HasEnding(path)) return {};
     const int kept = errno;
     const uint32_t number = ++plan->seen;
     if (number <= FaultPlan::kRecords) {
