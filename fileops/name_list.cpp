@@ -1,0 +1,57 @@
+// Reads a directory into one block of memory.
+#include "fileops/name_list.h"
+
+#include <dirent.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace zt {
+
+namespace {
+
+bool IsDots(const char* name) {
+    return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
+}
+
+}  // namespace
+
+int NameList::Read(const Estring& directory) {
+    names_.clear();
+    at_ = 0;
+    DIR* stream = opendir(directory.c_str());
+    if (!stream) return errno;
+    int code = 0;
+    for (;;) {
+        errno = 0;
+        const struct dirent64* listed = readdir64(stream);
+        if (!listed) {
+            code = errno;
+            break;
+        }
+        if (IsDots(listed->d_name)) continue;
+        names_.push_back(static_cast<char>(listed->d_type));
+        names_.insert(names_.end(), listed->d_name,
+                      listed->d_name + std::strlen(listed->d_name) + 1);
+    }
+    closedir(stream);
+    if (code != 0) names_.clear();
+    return code;
+}
+
+bool NameList::Next(Name& name) {
+    if (at_ >= names_.size()) return false;
+    name.type = static_cast<unsigned char>(names_[at_]);
+    name.bytes = &names_[at_ + 1];
+    at_ += std::strlen(name.bytes) + 2;
+    return true;
+}
+
+bool NameList::Contains(std::string_view name) const {
+    for (size_t at = 0; at < names_.size(); at += std::strlen(&names_[at + 1]) + 2) {
+        if (name == &names_[at + 1]) return true;
+    }
+    return false;
+}
+
+}  // namespace zt

@@ -1,0 +1,191 @@
+// Temporary file beside the target, the target in place, or a device.
+#include "fileops/new_target.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "fileops/abort_guard.h"
+#include "fileops/copy_block.h"
+#include "fileops/copy_source.h"
+#include "fileops/rename_object.h"
+#include "fileops/temporary_name.h"
+#include "foundation/result_codes.h"
+#include "foundation/system_call.h"
+
+namespace zt {
+
+namespace {
+
+constexpr mode_t kPrivateFile = 0600;
+constexpr mode_t kPermissions = 07777;
+
+// The directory has no room for another name, or for this one.
+bool IsRefusal(int code) {
+    return code == EACCES || code == EPERM || code == EROFS;
+}
+
+// What some file systems cannot do at all is no failure of the copy.
+bool IsBeyondTheFileSystem(int code) {
+    return code == EPERM || code == EACCES || code == EINVAL || code == ENOSYS ||
+           code == EOPNOTSUPP || code == EROFS;
+}
+
+// Rights to act as the owner or group count only for the owner and group that gave them.
+mode_t ModeFor(const struct stat& source, int descriptor) {
+    mode_t mode = source.st_mode & kPermissions;
+    if ((mode & (S_ISUID | S_ISGID)) == 0) return mode;
+    struct stat own;
+    if (fstat(descriptor, &own) != 0) return mode & ~static_cast<mode_t>(S_ISUID | S_ISGID);
+    if (own.st_uid != source.st_uid) mode &= ~static_cast<mode_t>(S_ISUID);
+    if (own.st_gid != source.st_gid) mode &= ~static_cast<mode_t>(S_ISGID);
+    return mode;
+}
+
+}  // namespace
+
+int NewTarget::Open() {
+    if (look_.Stands() && look_.isDevice) return OpenDevice();
+    int code = OpenBeside();
+    if (IsRefusal(code) && replaces_ && look_.Stands()) {
+        const int inPlace = OpenInPlace();
+        if (inPlace != ELOOP) code = inPlace;
+    }
+    return code;
+}
+
+int NewTarget::OpenBeside() {
+    const int code = MakeTemporary(path_, temporary_, [this](const char* path) {
+        constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
+        const int made = Uninterrupted([&] { return open(path, kFlags, kPrivateFile); });
+        return made < 0 ? errno : file_.Attach(made);
+    });
+    if (code == kDone) how_ = How::kBeside;
+    return code;
+}
+
+// Never through a link: what that points to is not what the user agreed to lose.
+int NewTarget::OpenInPlace() {
+    constexpr int kFlags = O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NOCTTY | O_NONBLOCK;
+    const int found = Uninterrupted([&] { return open(path_.c_str(), kFlags); });
+    if (found < 0) return errno;
+    int code = file_.Attach(found);
+    struct stat status;
+    if (code == kDone && fstat(file_.Handle(), &status) != 0) code = errno;
+    if (code == kDone && IdentityOf(status) != look_.Identity()) code = EEXIST;
+    if (code == kDone) code = file_.Truncate(0);
+    if (code == kDone) how_ = How::kInPlace;
+    return code;
+}
+
+int NewTarget::OpenDevice() {
+    int flags = O_CLOEXEC | O_NOCTTY;
+    const mode_t mode = look_.isLink ? 0 : look_.status.st_mode;
+    if (!S_ISBLK(mode)) flags |= O_NONBLOCK;
+    for (;;) {
+        const int found = Uninterrupted([&] { return open(path_.c_str(), flags | O_WRONLY); });
+        if (found >= 0) {
+            how_ = How::kDevice;
+            return file_.Attach(found);
+        }
+        // Nobody reads the FIFO yet; a socket cannot be written in this way at all.
+        struct stat status;
+        if (errno != ENXIO) return errno;
+        if (FollowedStatus(path_, status) != 0 || !S_ISFIFO(status.st_mode)) return ENXIO;
+        const int waited = WaitReady(operation_, -1, 0);
+        if (waited != kDone) return waited;
+    }
+}
+
+int NewTarget::Write(const char* block, int n) {
+    return IsDevice() ? WriteToDevice(block, n) : file_.Write(block, n);
+}
+
+int NewTarget::WriteToDevice(const char* block, int n) {
+    while (n > 0) {
+        const ssize_t written =
+            Uninterrupted([&] { return write(file_.Handle(), block, static_cast<size_t>(n)); });
+        if (written > 0) {
+            block += written;
+            n -= static_cast<int>(written);
+            continue;
+        }
+        if (written == 0) return ENOSPC;
+        if (errno != EAGAIN) return errno;
+        const int waited = WaitReady(operation_, file_.Handle(), POLLOUT);
+        if (waited != kDone) return waited;
+    }
+    return kDone;
+}
+
+int NewTarget::SetModeAndTime(const struct stat& source) {
+    const timespec times[2] = {{0, UTIME_NOW}, source.st_mtim};
+    int code = Uninterrupted([&] { return futimens(file_.Handle(), times); }) < 0 ? errno : 0;
+    if (code != 0 && !IsBeyondTheFileSystem(code)) return code;
+    const mode_t mode = ModeFor(source, file_.Handle());
+    code = Uninterrupted([&] { return fchmod(file_.Handle(), mode); }) < 0 ? errno : 0;
+    return IsBeyondTheFileSystem(code) ? kDone : code;
+}
+
+int NewTarget::Finish(const struct stat& source, bool settles) {
+    source_ = source;
+    if (!IsDevice()) {
+        int code = file_.Flush();
+        if (code == kDone) code = SetModeAndTime(source);
+        if (code == kDone && settles) {
+            const int synced = Uninterrupted([&] { return fsync(file_.Handle()); });
+            if (synced < 0 && !IsBeyondTheFileSystem(errno)) code = errno;
+        }
+        if (code != kDone) return code;
+    }
+    return file_.Close();
+}
+
+int NewTarget::Commit() {
+    int code = kDone;
+    if (how_ == How::kBeside) {
+        code = replaces_ && look_.Stands() ? RenameOver(temporary_, path_)
+                                           : RenameNew(temporary_, path_);
+        // A name that may not change though its file may: one of another user in a directory for
+        // all, or a mount point.
+        const bool refused = IsRefusal(code) || code == EBUSY;
+        if (refused && replaces_ && look_.Stands() && !look_.isLink) return CopyOver();
+    }
+    if (code == kDone) how_ = How::kNone;
+    return code;
+}
+
+// Writes what the temporary file holds into the target itself.
+int NewTarget::CopyOver() {
+    const Estring temporary = temporary_;
+    StdFile from;
+    int code = from.Open(temporary.c_str(), 0);
+    if (code == kDone) code = OpenInPlace();
+    while (code == kDone) {
+        int got = 0;
+        code = from.Read(CopyBlock(operation_), kCopyBlockBytes, &got);
+        if (code == StdFile::kEndOfFile) break;
+        if (code == kDone) code = file_.Write(CopyBlock(operation_), got);
+        if (code == kDone && AbortGuard::Asked(operation_)) code = kCancelled;
+    }
+    if (code == StdFile::kEndOfFile) code = Finish(source_, false);
+    how_ = How::kBeside;  // which is what goes now, one way or the other
+    Abandon();
+    return code;
+}
+
+int NewTarget::Abandon() {
+    if (how_ == How::kNone) return kDone;
+    file_.Close();
+    int code = kDone;
+    if (how_ == How::kBeside) {
+        const int gone = Uninterrupted([this] { return unlink(temporary_.c_str()); });
+        if (gone < 0 && errno != ENOENT) code = errno;
+    }
+    how_ = How::kNone;
+    return code;
+}
+
+}  // namespace zt

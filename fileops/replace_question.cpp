@@ -1,0 +1,76 @@
+// Asks as deleting asks, by the rights of the file and its directory.
+#include "fileops/replace_question.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "fileops/target_look.h"
+#include "foundation/case_fold.h"
+#include "foundation/file_name.h"
+#include "foundation/result_codes.h"
+#include "foundation/system_call.h"
+#include "ui/file_error_box.h"
+#include "ui/message_box.h"
+
+namespace zt {
+
+namespace {
+
+constexpr int kStays = 0;
+constexpr int kMayGo = 1;
+constexpr int kEscape = 27;
+
+int Writable(const Estring& path, int flags) {
+    auto ask = [&] { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS | flags); };
+    return Uninterrupted(ask) < 0 ? errno : 0;
+}
+
+bool IsReadOnly(const Westring& path) {
+    Westring directory = ParentOfPath(path);
+    if (directory.IsEmpty()) directory = L".";
+    return Writable(NameToBytes(path), 0) == EACCES && Writable(NameToBytes(directory), 0) == 0;
+}
+
+// kMayGo, kStays or kCancelled.
+int AskAboutReadOnly(FileOperation& operation, const Westring& path, IPausablePainter* painter) {
+    if (operation.deleteReadOnly == ReadOnlyMode::kAlways) return kMayGo;
+    if (operation.deleteReadOnly == ReadOnlyMode::kNever) return kStays;
+    const int answer = operation.user.Ask(painter, L"File is Read Only, Delete anyway?", path,
+                                          kBoxOkCancelSkipAllNone);
+    switch (LowerCaseOf(answer)) {
+        case 'a':
+            operation.deleteReadOnly = ReadOnlyMode::kAlways;
+            return kMayGo;
+        case 'y':
+            return kMayGo;
+        case 'e':
+            operation.deleteReadOnly = ReadOnlyMode::kNever;
+            return kStays;
+        case kEscape:
+            return kCancelled;
+        default:
+            return kStays;
+    }
+}
+
+}  // namespace
+
+int AskToReplace(FileOperation& operation, const Westring& path, IPausablePainter* painter) {
+    for (;;) {
+        const Estring bytes = NameToBytes(path);
+        struct stat status;
+        int code = LinkStatus(bytes, status);
+        if (code == 0)
+            code = S_ISDIR(status.st_mode) ? EISDIR : Writable(bytes, AT_SYMLINK_NOFOLLOW);
+        if (code == 0 || code == ENOENT || code == ENOTDIR) return kMayGo;
+        if (code == EACCES && IsReadOnly(path)) return AskAboutReadOnly(operation, path, painter);
+        bool stop = true;
+        operation.user.TellError(painter, code, stop, path, Westring());
+        if (code == kCancelled) return kCancelled;
+        if (stop) return kStays;
+    }
+}
+
+}  // namespace zt
