@@ -3,6 +3,7 @@
 #include "commands/attribute_commands.h"
 #include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
+#include "commands/copy_commands.h"
 #include "commands/delete_commands.h"
 #include "commands/directory_commands.h"
 #include "commands/filter_command.h"
@@ -96,8 +97,8 @@ constexpr CommandRow kCommands[] = {
     {0x1003E, kNeedsNothing, nullptr},
     {0x1006B, kNeedsNothing, nullptr},
     {0x30061, kNeedsNothing, nullptr},
-    {0x1003F, kNeedsNothing, nullptr},
-    {0x10040, kNeedsNothing, nullptr},
+    {0x1003F, kNeedsNothing, CopyKey},
+    {0x10040, kNeedsNothing, MoveKey},
     {0x10041, kNeedsNoArchive, MakeDirectoryKey},
     {0x10042, kNeedsFiles | kNeedsNoArchive, Delete},
     {0x10044, kNeedsNothing, Quit},
@@ -154,8 +155,8 @@ constexpr CommandRow kCommands[] = {
     {0x30054, kNeedsNothing, nullptr},
     {0x30056, kNeedsNothing, nullptr},
     {0x30057, kNeedsNothing, nullptr},
-    {0x30058, kNeedsFiles | kNeedsNoArchive, nullptr},
-    {0x30059, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x30058, kNeedsFiles | kNeedsNoArchive, CopyInPlaceKey},
+    {0x30059, kNeedsFiles | kNeedsNoArchive, RenameKey},
     {0x3005A, kNeedsNothing, nullptr},
     {0x3005B, kNeedsNoArchive, DeleteNamed},
     {0x3005C, kNeedsNothing, SaveConfiguration},
