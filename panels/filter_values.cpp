@@ -55,15 +55,12 @@ bool IsDigit(wchar_t ch) {
     return ch >= L'0' && ch <= L'9';
 }
 
-// A sign can come only where the locale parts dates by it.
-int64_t NumberAt(const wchar_t* text) {
-    const bool negative = *text == L'-';
-    if (negative) ++text;
+// One more than 32 bits hold stands for all that is larger.
+int64_t DigitsAt(const wchar_t* text) {
     int64_t number = 0;
     for (; IsDigit(*text) && number <= INT_MAX; ++text)
         number = number * 10 + (*text - L'0');
-    if (negative) number = -number;
-    return std::clamp<int64_t>(number, INT_MIN, INT_MAX);
+    return std::min<int64_t>(number, int64_t{INT_MAX} + 1);
 }
 
 template <size_t N>
@@ -94,8 +91,11 @@ int FullYear(int year) {
 
 }  // namespace
 
+// A sign can come only where the locale parts dates by it.
 int64_t NumberOfValue(const Westring& value) {
-    return NumberAt(value.c_str());
+    const wchar_t* text = value.c_str();
+    if (*text == L'-') return -DigitsAt(text + 1);
+    return std::min<int64_t>(DigitsAt(text), INT_MAX);
 }
 
 int64_t SizeOfValue(const Westring& value) {
@@ -119,7 +119,7 @@ int64_t DateOfValue(const Westring& value) {
     int numbers[3] = {};
     const wchar_t* at = value.c_str();
     for (int& number : numbers) {
-        number = static_cast<int>(NumberAt(at));
+        number = static_cast<int>(std::min<int64_t>(DigitsAt(at), INT_MAX));
         while (*at != 0 && *at != localeFormats.dateSeparator)
             ++at;
         if (*at == 0) break;
