@@ -7,6 +7,7 @@
 #include "commands/delete_commands.h"
 #include "commands/directory_commands.h"
 #include "commands/filter_command.h"
+#include "commands/execute_command.h"
 #include "commands/history_commands.h"
 #include "commands/line_commands.h"
 #include "commands/make_commands.h"
@@ -86,7 +87,7 @@ constexpr CommandRow kCommands[] = {
     // Command line and names
     {0x7F, kNeedsNothing, LineDeleteWordLeft},
     {0x1000E, kNeedsNothing, DropSearchCharacter},
-    {0x1001C, kNeedsNothing, nullptr},
+    {0x1001C, kNeedsNothing, EnterSeparately},
     // Function keys
     {0x1003B, kNeedsNothing, nullptr},
     {0x1003C, kNeedsNothing, nullptr},
@@ -124,7 +125,7 @@ constexpr CommandRow kCommands[] = {
     {0x1006D, kNeedsFiles | kNeedsNoArchive, nullptr},
     {0x1006E, kNeedsNothing, nullptr},
     {0x3006E, kNeedsNothing, nullptr},
-    {0x1006F, kNeedsNothing, nullptr},
+    {0x1006F, kNeedsNothing, CommandHistoryCommand},
     {0x10070, kNeedsNothing, ToggleLines},
     {0x10071, kNeedsNothing, nullptr},
     // Ctrl and movement keys

@@ -35,11 +35,6 @@ bool GoToPath(LoopState& state, const Westring& path) {
     return true;
 }
 
-void Enter(LoopState& state, const KeyPress& key) {
-    // Typed text waits for the runner of programs.
-    if (state.line.IsEmpty() && state.Active().IsShowingFiles()) EnterCurrent(state, key);
-}
-
 void EnterCurrent(LoopState& state, const KeyPress&) {
     const entry* current = state.Active().Current();
     if (!current || !(current->flags & kDirectory)) return;

@@ -9,8 +9,6 @@ namespace zt {
 // is no such directory; the panel then stays.
 bool GoToPath(LoopState& state, const Westring& path);
 
-// With an empty command line: enters the directory under the cursor.
-void Enter(LoopState& state, const KeyPress& key);
 void EnterCurrent(LoopState& state, const KeyPress& key);
 void GoUp(LoopState& state, const KeyPress& key);
 void GoHome(LoopState& state, const KeyPress& key);

@@ -5,6 +5,8 @@
 
 namespace zt {
 
+// Alt-F8: a command that was run before is run again, or goes to the command line.
+void CommandHistoryCommand(LoopState& state, const KeyPress& key);
 // Alt-\ and Alt-Shift-F8: the active panel goes to a directory that was visited before.
 void DirectoryHistoryCommand(LoopState& state, const KeyPress& key);
 

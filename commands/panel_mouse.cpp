@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "commands/directory_commands.h"
+#include "commands/execute_command.h"
 #include "console/key_codes.h"
 #include "console/program_state.h"
 #include "foundation/settings.h"
@@ -94,7 +94,7 @@ void ClickPanel(LoopState& state, const KeyPress& key) {
         state.drawCursorBar = true;
     }
     if (IsRight(key)) return TagByMouse(state, key);
-    if (key.mouse.type == static_cast<int32_t>(MouseType::kLeftDouble)) EnterCurrent(state, key);
+    if (key.mouse.type == static_cast<int32_t>(MouseType::kLeftDouble)) ExecuteEntry(state, false);
 }
 
 // -1 on the top line of the panels, +1 on the lines below the list, else 0.

@@ -2,6 +2,7 @@
 
 #include "commands/configuration_reader.h"
 #include "commands/configuration_writer.h"
+#include "commands/program_environment.h"
 #include "commands/screen_commands.h"
 #include "console/program_state.h"
 #include "foundation/settings.h"
@@ -28,6 +29,10 @@ bool ProgramConfiguration::CheckRule(const Westring& mask, Westring& error) {
     if (filter.EvaluateName(L"test") >= 0) return true;
     error = filter.errorText;
     return false;
+}
+
+void ProgramConfiguration::ExpandVariables(Westring& text) {
+    zt::ExpandVariables(text);
 }
 
 void ProgramConfiguration::ScreenSettingsChanged() {

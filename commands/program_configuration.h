@@ -16,6 +16,7 @@ public:
 
     void ShowMessage(const Westring& message, const wchar_t* name) override;
     bool CheckRule(const Westring& mask, Westring& error) override;
+    void ExpandVariables(Westring& text) override;
     void ScreenSettingsChanged() override;
     int ScreenRows() override;
     void CopyPanelState() override;

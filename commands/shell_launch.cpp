@@ -5,8 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
 
 #include "commands/program_environment.h"
 #include "foundation/file_name.h"
@@ -18,7 +16,6 @@ namespace {
 
 constexpr const char* kTerminalType = "xterm";
 constexpr const char* kDefaultShell = "/bin/sh";
-constexpr int kCannotRun = 127;
 
 void AppendToPath(Environment& variables) {
     if (settings.pathAppend.IsEmpty()) return;
@@ -40,29 +37,38 @@ ShellLaunch::ShellLaunch(const Westring& text) : command(NameToBytes(text).c_str
     shell = wanted && *wanted ? wanted : kDefaultShell;
     for (const KeyedValue* item = flat.First(); item; item = flat.Next())
         variables.push_back(std::string(item->key.c_str()) + '=' + item->value.c_str());
-    for (std::string& variable : variables)
-        block.push_back(variable.data());
-    block.push_back(nullptr);
+    for (const std::string& variable : variables)
+        environment.push_back(variable.c_str());
+    environment.push_back(nullptr);
+    arguments = {shell.c_str(), "-c", command.c_str(), nullptr};
 }
 
-void ShellLaunch::Exec() const {
+ProgramStart ShellLaunch::Start() const {
+    return {shell.c_str(), arguments.data(), environment.data(), nullptr};
+}
+
+namespace {
+
+[[noreturn]] void BecomeProgram(const ProgramStart& start) {
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
-    const char* const arguments[] = {shell.c_str(), "-c", command.c_str(), nullptr};
-    execve(shell.c_str(), const_cast<char* const*>(arguments), block.data());
-    dprintf(STDERR_FILENO, "%s: %s\r\n", shell.c_str(), strerror(errno));
-    _exit(kCannotRun);
+    execve(start.path, const_cast<char* const*>(start.arguments),
+           const_cast<char* const*>(start.environment));
+    _exit(kExitNotStarted);
 }
 
+}  // namespace
+
 int RunDetached(const ShellLaunch& launch) {
+    const ProgramStart start = launch.Start();
     const pid_t child = fork();
     if (child < 0) return errno;
     if (child == 0) {
         // The one between ends at once, so that the system takes the shell over and nothing is
         // left to be waited for here.
         setsid();
-        if (fork() == 0) launch.Exec();
+        if (fork() == 0) BecomeProgram(start);
         _exit(0);
     }
     while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {

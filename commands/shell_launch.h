@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "console/terminal/program_start.h"
 #include "foundation/westring.h"
 
 namespace zt {
@@ -14,9 +15,11 @@ public:
     // $SHELL -c command, in the environment of program_environment.h, with the directories of the
     // setting behind PATH and TERM as the embedded terminal is.
     explicit ShellLaunch(const Westring& command);
+    ShellLaunch(const ShellLaunch&) = delete;
+    ShellLaunch& operator=(const ShellLaunch&) = delete;
 
-    // In the child: becomes the shell, or ends with status 127 and a line on standard error.
-    [[noreturn]] void Exec() const;
+    // What starts it. Borrows from this.
+    ProgramStart Start() const;
 
     const std::string& Shell() const { return shell; }
     const std::vector<std::string>& Variables() const { return variables; }  // NAME=value
@@ -25,7 +28,8 @@ private:
     std::string command;
     std::string shell;
     std::vector<std::string> variables;
-    std::vector<char*> block;  // into `variables`, ended by a null pointer
+    std::vector<const char*> arguments;  // both lists are ended by a null pointer
+    std::vector<const char*> environment;
 };
 
 // Starts the shell in a session of its own and does not wait: it is nobody's child. 0 or the errno

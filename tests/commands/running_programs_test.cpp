@@ -221,12 +221,5 @@ TEST_F(RunningProgramsTest, ADetachedProgramLeavesNoChild) {
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
 }
 
-TEST_F(RunningProgramsTest, AShellThatIsMissingSaysSo) {
-    SessionEnvironment().Set("SHELL", "/none/such");
-    const ShellLaunch launch(L"ls");
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    EXPECT_EXIT(launch.Exec(), testing::ExitedWithCode(127), "/none/such: No such file");
-}
-
 }  // namespace
 }  // namespace zt

@@ -11,7 +11,6 @@ constexpr int32_t kReserved[] = {
     0xC,
     0x17,
     // Enter and the function keys, by their modifiers
-    0x1001C,
     0x1003B,
     0x1003C,
     0x1003E,
@@ -29,7 +28,6 @@ constexpr int32_t kReserved[] = {
     0x1006D,
     0x1006E,
     0x3006E,
-    0x1006F,
     0x10071,
     // Others with Ctrl
     0x10094,

@@ -1,0 +1,86 @@
+#include "commands/run_command.h"
+
+#include <cstring>
+#include <cwchar>
+
+#include "commands/find_program.h"
+#include "commands/shell_launch.h"
+#include "console/program_state.h"
+#include "console/terminal/program_run.h"
+#include "ui/message_box.h"
+
+namespace zt {
+
+namespace {
+
+IOwnTools* ownTools = nullptr;
+
+RunKind KindOf(const CommandParts& parts) {
+    if (parts.program == L"$view") return RunKind::kViewer;
+    if (parts.program == L"$edit") return RunKind::kEditor;
+    Westring found;
+    if (parts.place == RunPlace::kConsole || !FindProgram(parts.program, found))
+        return RunKind::kConsole;
+    if (parts.place == RunPlace::kDetached || IsGuiProgram(found)) return RunKind::kDetached;
+    return RunKind::kConsole;
+}
+
+void TellOfFork(int code) {
+    MessageBox("Error forking child process", Westring(strerror(code)).c_str(), kBoxOk);
+}
+
+void RunOwn(const RunPlan& plan) {
+    if (!ownTools) return;
+    const Westring path = Unescape(plan.parts.arguments);
+    if (plan.kind == RunKind::kViewer) {
+        ownTools->View(path);
+    } else {
+        ownTools->Edit(path);
+    }
+}
+
+int RunInConsole(const ShellLaunch& launch) {
+    const ProgramEnd end = RunProgram(*console, launch.Start());
+    if (end.kind == ProgramEndKind::kNotForked) {
+        TellOfFork(end.value);
+    } else if (end.kind == ProgramEndKind::kNotWaited && end.value != 0) {
+        const Estring text = Estring::Format("Error %d waiting for child", end.value);
+        MessageBox(text, nullptr, kBoxOk);
+    }
+    return end.Status();
+}
+
+}  // namespace
+
+RunPlan::RunPlan(const Westring& text) : parts(SplitCommand(text)), kind(KindOf(parts)) {}
+
+void SetOwnTools(IOwnTools* tools) {
+    ownTools = tools;
+}
+
+int RunPlanned(const RunPlan& plan) {
+    if (plan.kind == RunKind::kViewer || plan.kind == RunKind::kEditor) {
+        RunOwn(plan);
+        return 0;
+    }
+    const ShellLaunch launch(plan.parts.command);
+    if (plan.kind == RunKind::kConsole) return RunInConsole(launch);
+    const int error = RunDetached(launch);
+    if (error == 0) return 0;
+    TellOfFork(error);
+    return -1;
+}
+
+int RunCommand(const Westring& command) {
+    return RunPlanned(RunPlan(command));
+}
+
+Westring WithLists(const Westring& command, TemporaryLists& lists) {
+    if (lists.IsEmpty()) return command;
+    const RunPlan plan(command);
+    if (plan.kind != RunKind::kDetached) return command;
+    const wchar_t* mark = plan.parts.place == RunPlace::kDetached ? L" &" : L"";
+    return plan.parts.command + L"\n" + lists.RemovalCommand() + mark;
+}
+
+}  // namespace zt
