@@ -121,7 +121,9 @@ TEST_F(CopyDestination, OfManyIsADirectory) {
         Westring destination;
         const auto fault = ResolveForMany(Wide(row.typed), tree.Wide("src"), destination);
         EXPECT_EQ(static_cast<int>(row.fault), static_cast<int>(fault));
-        if (row.destination) EXPECT_EQ(Expanded(row.destination), Bytes(destination));
+        if (row.destination) {
+            EXPECT_EQ(Expanded(row.destination), Bytes(destination));
+        }
     }
 }
 
@@ -194,7 +196,9 @@ TEST_F(CopyDestination, OfOneIsItsNewPath) {
         const auto fault =
             ResolveForOne(Wide(row.typed), Wide(row.source), tree.Wide("src"), target);
         EXPECT_EQ(static_cast<int>(row.fault), static_cast<int>(fault));
-        if (row.target) EXPECT_EQ(Expanded(row.target), Bytes(target));
+        if (row.target) {
+            EXPECT_EQ(Expanded(row.target), Bytes(target));
+        }
     }
 }
 
