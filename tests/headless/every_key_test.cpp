@@ -263,6 +263,8 @@ TEST_F(EveryKey, OfTheOptionsAndDialogs) {
         {0x10012C, 0, {}, "text  Configuration ", " Configuration "},
         {0x10012D, 0, {}, "text  Zanthe Colours ", " Zanthe Colours "},
         {0x100135, 0, {}, "text  Confirmations ", " Confirmations "},
+        {0x100012, 0, {}, "text Filter for left panel", "Filter for left panel"},
+        {0x10019C, 0, {}, "text Filter for right panel", "Filter for right panel"},
         {0x10043, 0, {}, "menu", "    Left    File"},
         {14, kCtrl, {}, "menu", "    Left    File"},
         {0x3005D, kShift, {}, "menu", "    Left    File"},
