@@ -90,7 +90,9 @@ int DirectoryTransfer::Run() {
     if (code != kDone) return code;
     const mode_t mode = transfer_.status.st_mode & kPermissions;
     (void)Uninterrupted([&] { return chmod(transfer_.targetPath.c_str(), mode); });
-    return transfer_.move && left_ == 0 ? RemoveSource() : kDone;
+    // What is not finished stays tagged, and keeps the directories that it lies in.
+    if (left_ > 0) return kSkipped;
+    return transfer_.move ? RemoveSource() : kDone;
 }
 
 // What lies within a directory that went through this was looked at with it. Links that are
