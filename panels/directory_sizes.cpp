@@ -80,16 +80,14 @@ bool SizeCalculation::HasWork() const {
 
 bool SizeCalculation::Run() {
     if (!byTags_) return AddUp(*panel_.Current());
-    const uint64_t before = panel_.taggedBytes;
     for (int i = 0; i < panel_.Count(); ++i) {
         entry& e = *panel_.entries.At(i);
-        if (!IsMeant(e) || AddUp(e)) continue;
-        panel_.taggedBytes = before;
-        return false;
+        if (IsMeant(e) && !AddUp(e)) return false;
     }
     return true;
 }
 
+// Nothing changes for a directory that was not added up to its end.
 bool SizeCalculation::AddUp(entry& directory) {
     Westring path = panel_.path;
     path.AddTrailingSlash();

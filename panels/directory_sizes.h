@@ -11,7 +11,8 @@ struct CPanel;
 // ".." are left alone. Each total becomes its entry's `size`, with `level` 1, and taggedBytes
 // follows. Does nothing in a panel that shows no files or shows the tree.
 // `quiet`: the window goes when all is counted, whatever SizeCountPause says.
-// False when the user pressed Esc: the totals that were found stay, taggedBytes is as it was.
+// False when the user pressed Esc: the totals that were found stay, and taggedBytes is as it stood
+// before the directory that was not finished.
 bool CalculateDirSizes(CPanel& panel, bool quiet);
 
 }  // namespace zt

@@ -8,14 +8,7 @@ namespace zt {
 void SetTag(CPanel& panel, entry& e, bool tagged) {
     e.tagged = tagged ? 1 : 0;
     panel.taggedCount += tagged ? 1 : -1;
-    if (tagged) {
-        panel.taggedBytes += e.size;
-    } else {
-        // Totals of directories that were found before a count was stopped are in the sizes, but
-        // not in the sum: it must not fall below nothing.
-        panel.taggedBytes -= e.size < panel.taggedBytes ? e.size : panel.taggedBytes;
-    }
-    if (panel.taggedCount == 0) panel.taggedBytes = 0;
+    panel.taggedBytes += tagged ? e.size : -e.size;
 }
 
 void TagEntry(CPanel& panel, int index, TagMode mode) {

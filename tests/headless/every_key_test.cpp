@@ -176,6 +176,53 @@ TEST_F(EveryKey, ThatMovesTheBar) {
     });
 }
 
+TEST_F(EveryKey, ThatTagsAndSearches) {
+    const std::string all = "5 bytes in 2 selected files";
+    Check({
+        {0x14, kCtrl, {}, "text Select the files", "Select the files"},
+        {0x20014, kCtrl | kShift, {}, "text Select the files/dir", "Select the files/dir"},
+        {0x20014, 0, {}, "text Select the files/dir", "Select the files/dir"},
+        {0x19, kCtrl, {}, "text Unselect the files", "Unselect the files"},
+        {0x20019, kCtrl | kShift, {}, "text Unselect the files", "Unselect the files"},
+        {0x40002B, 0, {}, "text Select the files", "Select the files"},
+        {0x10006D, 0, {}, "text Select the files", "Select the files"},
+        {0x40002D, 0, {}, "text Unselect the files", "Unselect the files"},
+        {0x10006E, 0, {}, "text Unselect the files", "Unselect the files"},
+        {0x40002A, 0, {}, "status", all},
+        {0x10006F, 0, {}, "status", all},
+        {0x10090, kCtrl, {}, "status", all},
+        {0x30090, kCtrl | kShift, {}, "status", "5 bytes in 4 selected files"},
+        {0x1008E, kCtrl, {"Ctrl-Grey+"}, "status", ".."},
+        {0x3008E, kCtrl | kShift, {"Ctrl-Grey+"}, "status", ".."},
+        {0x1004E, kAlt, {"Ctrl-Grey+"}, "status", ".."},
+        {0x100072, 0, {"Ctrl-Grey+"}, "status", ".."},
+        {0x100A0, kAlt, {"Ctrl-Grey+"}, "bar", "a b"},
+        {0x10098, kAlt, {"Ctrl-Grey+", "End"}, "bar", "a b"},
+        {0x11,
+         kCtrl,
+         {"Down"},
+         "text dir          \u2502       0\u2502",
+         "dir          \u2502       0\u2502"},
+        {0x1003D,
+         0,
+         {"Down"},
+         "text dir          \u2502       0\u2502",
+         "dir          \u2502       0\u2502"},
+        {0x1006A,
+         kAlt,
+         {"Down"},
+         "text dir          \u2502       0\u2502",
+         "dir          \u2502       0\u2502"},
+        {0x30060,
+         kCtrl | kShift,
+         {"Down"},
+         "text dir          \u2502       0\u2502",
+         "dir          \u2502       0\u2502"},
+        {0x1000E, kAlt, {"Alt-d", "Alt-i"}, "status", "Search: d"},
+        {0x1009D, kAlt, {"Alt-d"}, "status", "Search: dir"},
+    });
+}
+
 TEST_F(EveryKey, ThatGoesSomewhere) {
     const std::string parent = tree.Path().substr(0, tree.Path().rfind('/'));
     Check({
