@@ -169,8 +169,11 @@ ProgramEnd Run::Loop() {
     }
     ShowGathered();
     console.CloseTerminal();
-    pty.Close();
+    // A program is hung up when nobody will look any more; one that has only closed its terminal
+    // gets the time to end by itself first.
+    if (console.HasEnded()) pty.Close();
     WaitForEnd();
+    pty.Close();
     return end;
 }
 
