@@ -18,8 +18,9 @@ namespace {
 constexpr size_t kBlockBytes = 65536;
 constexpr int kMostColumns = GridConsole::kLargestSide;
 // The longest line: each cell with an attribute of its own and a character of four bytes.
-constexpr size_t kMostLineBytes = 3 + kMostColumns * 6;
-static_assert(kMostLineBytes < kBlockBytes);
+constexpr size_t kMostLineBytes = 4 + kMostColumns * 6;
+// So that the start of a line in its block has 16 bits.
+static_assert(kMostLineBytes <= kBlockBytes && kBlockBytes <= 65536);
 
 uint8_t* PutNumber(uint8_t* out, uint32_t number) {
     if (number < 0x80) {
@@ -91,7 +92,7 @@ struct CScrollBackBuffer::Block {
     }
 };
 
-CScrollBackBuffer::CScrollBackBuffer() = default;
+CScrollBackBuffer::CScrollBackBuffer() : encoded_(new uint8_t[kMostLineBytes]) {}
 CScrollBackBuffer::~CScrollBackBuffer() = default;
 
 void CScrollBackBuffer::LineLeft(const Cell* cells, int count) {
@@ -106,8 +107,8 @@ void CScrollBackBuffer::AddScreenLine(IConsole& console, int row) {
     Append(line.Cells(), line.Length());
 }
 
-CScrollBackBuffer::Block& CScrollBackBuffer::BlockWithRoom() {
-    if (blocks_.empty() || blocks_.back()->Room() < kMostLineBytes) {
+CScrollBackBuffer::Block& CScrollBackBuffer::BlockWithRoom(size_t bytes) {
+    if (blocks_.empty() || blocks_.back()->Room() < bytes) {
         if (!blocks_.empty()) blocks_.back()->starts.shrink_to_fit();
         // Not set to zero: the pages that no line has reached cost nothing.
         blocks_.push_back(std::unique_ptr<Block>(new Block));
@@ -117,11 +118,12 @@ CScrollBackBuffer::Block& CScrollBackBuffer::BlockWithRoom() {
 }
 
 void CScrollBackBuffer::Append(const Cell* cells, int count) {
-    Block& block = BlockWithRoom();
+    const uint8_t* end = PutLine(encoded_.get(), cells, std::clamp(count, 0, kMostColumns));
+    const auto length = static_cast<size_t>(end - encoded_.get());
+    Block& block = BlockWithRoom(length);
     block.starts.push_back(static_cast<uint16_t>(block.used));
-    const uint8_t* end =
-        PutLine(block.bytes + block.used, cells, std::clamp(count, 0, kMostColumns));
-    block.used = static_cast<size_t>(end - block.bytes);
+    std::memcpy(block.bytes + block.used, encoded_.get(), length);
+    block.used += length;
     count_++;
 }
 

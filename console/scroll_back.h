@@ -1,9 +1,9 @@
 // The lines that have left the screen at the top while programs wrote on it, with their colours.
 // Lives for the whole run of the program, which owns one of it; first thread only.
 //
-// A line costs its text in UTF-8, two bytes for each stretch of one attribute, and five bytes
-// more; the blanks at its right end cost nothing. An ordinary line of 40 letters in one colour
-// takes 47 bytes. There is no limit to the number of lines.
+// A line costs its text in UTF-8, two bytes for each stretch of one attribute (three for a long
+// one), and four bytes more (five on a wide screen); the blanks at its right end cost nothing. A
+// line of 40 letters in one colour takes 46 bytes. There is no limit to the number of lines.
 #pragma once
 
 #include <cstddef>
@@ -45,8 +45,9 @@ public:
 private:
     struct Block;
 
-    Block& BlockWithRoom();
+    Block& BlockWithRoom(size_t bytes);
 
+    std::unique_ptr<uint8_t[]> encoded_;  // the line that is being appended
     std::vector<std::unique_ptr<Block>> blocks_;
     int64_t count_ = 0;
 };
