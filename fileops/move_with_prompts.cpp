@@ -51,7 +51,7 @@ private:
     Decision TargetInTheWay(int code);
     Decision AskToOverwrite(int code);
     int Merge();
-    int RemoveSourceDirectory();
+    int RemoveSourceDirectory(bool isLeft);
 
     FileOperation& operation_;
     const Westring& source_;
@@ -189,6 +189,7 @@ int MoveWork::Merge() {
     if (code != kDone) return code;
     OpenDescriptions(level->descriptions, source_);
     NameList::Name name;
+    bool isLeft = false;
     while (level->names.Next(name)) {
         if (strcasecmp(name.bytes, kDescriptions) == 0) continue;
         level->source = PathIn(source_, NameFromBytes(name.bytes));
@@ -196,16 +197,19 @@ int MoveWork::Merge() {
         code = MoveWithPrompts(operation_, level->source, level->target, 1, 1, progress_,
                                level->descriptions, renames_);
         if (code < 0 || AbortGuard::Asked(operation_)) return kCancelled;
+        isLeft = isLeft || code > 0;
     }
     level->descriptions.Close();
-    return RemoveSourceDirectory();
+    return RemoveSourceDirectory(isLeft);
 }
 
-int MoveWork::RemoveSourceDirectory() {
+// `isLeft`: something in it did not go.
+int MoveWork::RemoveSourceDirectory(bool isLeft) {
     for (;;) {
         const Estring path = NameToBytes(source_);
         const int removed = Uninterrupted([&] { return rmdir(path.c_str()); });
-        if (removed == 0 || errno == EACCES) return kDone;
+        if (removed == 0) return kDone;
+        if (errno == EACCES) return isLeft ? kSkipped : kDone;
         const Decision decision = Tell(errno);
         if (!decision.again) return decision.code;
     }
