@@ -23,7 +23,7 @@ public:
     static bool Asked() { return abortState.load(std::memory_order_relaxed) == kAbortRequested; }
     // By the Break key, or by Esc, for which the keyboard's queue is looked through.
     static bool Asked(FileOperation& operation) {
-        return Asked() || operation.user.EscapePressed();
+        return operation.user.EscapePressed() || Asked();
     }
 
 private:

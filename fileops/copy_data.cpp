@@ -35,23 +35,18 @@ private:
     CopySource& source_;
     NewTarget& target_;
     CopyProgress* progress_;
-    uint64_t counted_ = 0;
     bool atEnd_ = false;
 };
 
-// What a failed copy had counted counts again when it is tried again.
 int DataCopy::Run() {
     const struct stat& status = source_.Status();
     const bool sparse = source_.IsRegular() && !target_.IsDevice() &&
                         status.st_blocks < status.st_size / kUnitOfBlocks;
-    const int code = sparse ? CopySparse() : CopyAll();
-    if (code != kDone && progress_) progress_->bytesDone -= counted_;
-    return code;
+    return sparse ? CopySparse() : CopyAll();
 }
 
 void DataCopy::Advance(int64_t bytes) {
     if (!progress_) return;
-    counted_ += static_cast<uint64_t>(bytes);
     progress_->bytesDone.fetch_add(static_cast<uint64_t>(bytes), std::memory_order_relaxed);
     progress_->dirty.store(true, std::memory_order_relaxed);
 }

@@ -43,9 +43,11 @@ private:
     const TargetLook look_;
     NewTarget target_;
     bool sourceGoes_ = false;
+    uint64_t doneBefore_ = 0;  // as the progress has it
 };
 
 int FileTransfer::Run() {
+    if (transfer_.progress) doneBefore_ = transfer_.progress->bytesDone;
     int code = source_.Open(transfer_.sourcePath, transfer_.status,
                             transfer_.Has(kTransferOpenFiles), transfer_.Has(kTransferDereference));
     if (code == kDone) code = CheckTarget();
@@ -116,9 +118,10 @@ int FileTransfer::Conclude() {
     return gone < 0 ? gone : kDone;
 }
 
-// The removal of a partial file is a quiet deletion, with what that means for the questions that
-// follow.
+// What was counted counts again when it is tried again. The removal of a partial file is a quiet
+// deletion, with what that means for the questions that follow.
 int FileTransfer::TakeBack(int code) {
+    if (transfer_.progress) transfer_.progress->bytesDone = doneBefore_;
     if (!target_.IsPartial()) return code;
     transfer_.operation.deleteReadOnly = ReadOnlyMode::kAlways;
     if (target_.Abandon() != kDone) {

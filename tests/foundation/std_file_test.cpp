@@ -287,6 +287,56 @@ TEST_F(StdFileTest, SeekWithinTheBufferMovesNoDescriptor) {
     EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 5000);
 }
 
+TEST_F(StdFileTest, ReadsPastTheBufferWhatItCouldNotHold) {
+    std::string content = Pattern(50000);
+    Make(content);
+    StdFile file;
+    EXPECT_EQ(file.Open(path.c_str(), 0), 0);
+    EXPECT_EQ(ReadUpTo(file, 10), content.substr(0, 10));
+    EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 4096);
+    EXPECT_EQ(ReadUpTo(file, 30000), content.substr(10, 30000)) << "what is buffered comes first";
+    EXPECT_EQ(file.Tell(), 30010);
+    EXPECT_EQ(lseek(file.Handle(), 0, SEEK_CUR), 30010) << "nothing is read ahead";
+    EXPECT_EQ(file.Seek(5), 0);
+    EXPECT_EQ(ReadUpTo(file, 5), content.substr(5, 5));
+    EXPECT_EQ(file.Seek(45000), 0);
+    EXPECT_EQ(ReadUpTo(file, 20000), content.substr(45000));
+    EXPECT_EQ(file.LastError(), 0) << "something was read";
+    EXPECT_EQ(ReadUpTo(file, 20000), "");
+    EXPECT_EQ(file.LastError(), StdFile::kEndOfFile);
+}
+
+TEST_F(StdFileTest, ReadsALargeRequestInPieces) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    StdFile reader;
+    EXPECT_EQ(reader.Attach(ends[0]), 0);
+    std::string content = Pattern(9000);
+    ASSERT_EQ(write(ends[1], content.data(), 5000), 5000);
+    ASSERT_EQ(write(ends[1], content.data() + 5000, 4000), 4000);
+    close(ends[1]);
+    EXPECT_EQ(ReadUpTo(reader, 8000), content.substr(0, 8000));
+    EXPECT_EQ(ReadUpTo(reader, 8000), content.substr(8000));
+}
+
+TEST_F(StdFileTest, WritesPastTheBufferWhatItCouldNotHold) {
+    std::string content = Pattern(50000);
+    StdFile file;
+    EXPECT_EQ(file.Open(path.c_str(), kFresh | StdFile::kReadWrite), 0);
+    EXPECT_EQ(file.Write(content.data(), 4096), 0);
+    EXPECT_EQ(Content(), content.substr(0, 4096)) << "at once";
+    EXPECT_EQ(file.Write(content.data() + 4096, 10), 0);
+    EXPECT_EQ(Content().size(), 4096u) << "buffered";
+    EXPECT_EQ(file.Write(content.data() + 4106, 30000), 0);
+    EXPECT_EQ(file.Tell(), 34106);
+    EXPECT_EQ(Content(), content.substr(0, 34106)) << "in order";
+    EXPECT_EQ(file.Write(content.data() + 34106, 5), 0);
+    EXPECT_EQ(file.Seek(4000), 0);
+    EXPECT_EQ(ReadUpTo(file, 200), content.substr(4000, 200));
+    EXPECT_EQ(file.Close(), 0);
+    EXPECT_EQ(Content(), content.substr(0, 34111));
+}
+
 TEST_F(StdFileTest, RefusesImpossiblePlaces) {
     Make("abc");
     StdFile file;
@@ -502,6 +552,31 @@ int WriteBeyondTheLimit(const char* path) {
     if (file.Flush() != ENOSPC) return 4;
     if (file.Tell() != 1000) return 5;
     return 0;
+}
+
+// The same for a writing past the buffer: what there was room for is in the file.
+int WriteMuchBeyondTheLimit(const char* path) {
+    signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{6000, 6000};
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return 1;
+    StdFile file;
+    std::string content = Pattern(9000);
+    if (file.Open(path, kFresh) != 0) return 2;
+    if (file.Write(content.data(), 9000) != EFBIG) return 3;
+    if (file.Tell() != 6000) return 4;
+    if (file.Write("x", 1) != EFBIG) return 5;
+    return file.Close() == EFBIG ? 0 : 6;
+}
+
+TEST_F(StdFileTest, SaysWhyALargeWriteEnds) {
+    pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) _exit(WriteMuchBeyondTheLimit(path.c_str()));
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(Content(), Pattern(6000));
 }
 
 TEST_F(StdFileTest, ShortWriteLosesTheRestAndSaysSo) {
