@@ -1,7 +1,8 @@
 // Letter case of names.
 #include "fileops/change_case.h"
 
-#include <cwctype>
+#include <locale.h>
+#include <wctype.h>
 
 #include "foundation/case_fold.h"
 #include "foundation/file_name.h"
@@ -10,10 +11,13 @@ namespace zt {
 
 namespace {
 
-// What has two cases is a letter in every locale.
+// As Unicode has it, whatever the user's locale: names look alike to everyone.
 bool IsLetter(wchar_t ch) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     if (IsRawByte(ch)) return false;
-    return iswalpha(static_cast<wint_t>(ch)) || LowerCaseOf(ch) != UpperCaseOf(ch);
+    if (LowerCaseOf(ch) != UpperCaseOf(ch)) return true;
+    const auto code = static_cast<wint_t>(ch);
+    return unicode ? iswalpha_l(code, unicode) != 0 : iswalpha(code) != 0;
 }
 
 bool IsDigit(wchar_t ch) {
