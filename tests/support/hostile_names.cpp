@@ -129,7 +129,7 @@ public:
             case 1:
                 return RandomBytes(1 + Below(40));
             case 2:
-                return std::string("-") + OfPieces(1 + Below(4));
+                return std::string(1, '-').append(OfPieces(1 + Below(4)));
             default:
                 return OfPieces(1 + Below(6));
         }
