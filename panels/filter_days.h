@@ -1,30 +1,32 @@
 // The first second of the day that a time falls into, local time. An evaluator's own; one thread.
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <vector>
 
 namespace zt {
 
 // By taking the time apart and putting it together again.
 int64_t StartOfDay(int64_t seconds);
 
-// The same for many times, remembering days.
+// The same for many times. Time is cut into blocks of some days; of a block in and around which
+// the clock is not changed, the distance to UTC is remembered, and the rest is reckoning.
 class FilterDays {
 public:
+    FilterDays();
+
     int64_t StartOf(int64_t seconds);
 
 private:
-    // Times from..last all fall on the day that begins at `start`.
-    struct Day {
-        int64_t from = 1;
-        int64_t last = 0;
-        int64_t start = 0;
+    struct Block {
+        int64_t index;
+        int32_t offset;  // seconds east of UTC
+        bool isPlain;
     };
 
-    Day DayOf(int64_t seconds) const;
+    static Block Examine(int64_t index);
 
-    std::array<Day, 64> days_;
+    std::vector<Block> blocks_;  // by the last bits of their index
 };
 
 }  // namespace zt

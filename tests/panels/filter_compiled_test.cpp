@@ -107,7 +107,7 @@ constexpr const wchar_t* kPieces[] = {
     L",", L"\t", L"\n", L"\u00E9", L"%size", L"%date", L"%perm", L"%timestamp", L"@new"};
 
 TEST_F(BothForms, AgreeOnExpressions) {
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         std::wstring text;
         int open = 0;
         const size_t operands = 1 + Below(5);
@@ -132,13 +132,13 @@ TEST_F(BothForms, AgreeOnExpressions) {
         text.append(static_cast<size_t>(open), L')');
         ASSERT_NO_FATAL_FAILURE(Compare(text));
     }
-    EXPECT_GT(matches, 5000);
-    EXPECT_GT(refusals, 5000);
-    EXPECT_GT(errors, 1000) << "time stamps that are none";
+    EXPECT_GT(matches, 1500);
+    EXPECT_GT(refusals, 1500);
+    EXPECT_GT(errors, 300) << "time stamps that are none";
 }
 
 TEST_F(BothForms, AgreeOnBrokenExpressions) {
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         std::wstring text;
         for (size_t k = Below(12); k > 0; --k) {
             switch (Below(6)) {
@@ -156,13 +156,13 @@ TEST_F(BothForms, AgreeOnBrokenExpressions) {
         }
         ASSERT_NO_FATAL_FAILURE(Compare(text));
     }
-    EXPECT_GT(matches, 1000);
-    EXPECT_GT(refusals, 1000);
-    EXPECT_GT(errors, 10000);
+    EXPECT_GT(matches, 300);
+    EXPECT_GT(refusals, 300);
+    EXPECT_GT(errors, 3000);
 }
 
 TEST_F(BothForms, AgreeOnRandomBytes) {
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 6000; ++i) {
         std::string bytes(Below(30), ' ');
         for (char& byte : bytes)
             byte = static_cast<char>(Below(4) ? 0x20 + Below(0x60) : 1 + Below(0xFF));
@@ -223,14 +223,14 @@ private:
 
 TEST_F(KnownTrees, HaveTheirValue) {
     int known[2] = {};
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 0; i < 3000; ++i) {
         const Tree made = Make(static_cast<int>(1 + Below(6)));
         ASSERT_EQ(Result(made.text.c_str()), made.value ? "1" : "0")
             << Westring(made.text.c_str()).ToUtf8().c_str();
         ++known[made.value];
     }
-    EXPECT_GT(known[0], 1000);
-    EXPECT_GT(known[1], 1000);
+    EXPECT_GT(known[0], 500);
+    EXPECT_GT(known[1], 500);
 }
 
 TEST_F(BothForms, StandForOneTextAndOneDateFormat) {

@@ -87,7 +87,7 @@ TEST(FilterMask, MatchesWhatTheMatcherMatches) {
         return text;
     };
     int matches = 0;
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < 40000; ++i) {
         const std::wstring mask = pick(L"aAb*?*.\u00E9[]{,}-^", i % 3 ? 6 : 12);
         const std::wstring name = pick(L"aAbB.\u00E9\u00C9\x1100E9[", 10);
         const bool wanted = WildMatchWide(mask.c_str(), name.c_str());
@@ -96,7 +96,7 @@ TEST(FilterMask, MatchesWhatTheMatcherMatches) {
             << NameToBytes(name.c_str()).c_str();
         matches += wanted;
     }
-    EXPECT_GT(matches, 1000);
+    EXPECT_GT(matches, 500);
 }
 
 }  // namespace

@@ -127,6 +127,12 @@ TEST_F(FilterTimes, FindTheStartOfEveryDay) {
         for (int64_t at = start; at > start - int64_t{100000} * 86400; at -= 8640017) {
             ASSERT_EQ(days.StartOf(at), StartOfDay(at)) << zone << " " << at;
         }
+        for (int shift = 0; shift < 63; ++shift) {
+            const auto at = static_cast<int64_t>(uint64_t{1} << shift);
+            ASSERT_EQ(days.StartOf(at), StartOfDay(at)) << zone << " " << at;
+            ASSERT_EQ(days.StartOf(at - 1), StartOfDay(at - 1)) << zone << " " << at - 1;
+            ASSERT_EQ(days.StartOf(-at + 5), StartOfDay(-at + 5)) << zone << " " << -at + 5;
+        }
     }
 }
 
