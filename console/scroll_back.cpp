@@ -72,8 +72,14 @@ uint8_t* PutLine(uint8_t* out, const Cell* cells, int width) {
             end++;
         *out++ = attribute;
         out = PutNumber(out, static_cast<uint32_t>(end - start));
-        for (; start < end; start++)
-            out = PutNumber(out, cells[start].character);
+        for (; start < end; start++) {
+            const uint32_t character = cells[start].character;
+            if (character < 0x80) {
+                *out++ = static_cast<uint8_t>(character);
+            } else {
+                out = PutNumber(out, character);
+            }
+        }
     }
     return out;
 }

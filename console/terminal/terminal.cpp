@@ -21,6 +21,9 @@ constexpr unsigned char kTab = 9;
 constexpr unsigned char kLineFeed = 10;
 constexpr unsigned char kCarriageReturn = 13;
 constexpr unsigned char kDelete = 127;
+// Codes from here on, below the surrogates, are shown as they are.
+constexpr uint32_t kFirstPlainCode = 0xA0;
+constexpr uint32_t kFirstSurrogate = 0xD800;
 // A program that prints bells without end is not to keep the bell busy after its own end.
 constexpr int kMostBeepsAtOnce = 4;
 
@@ -113,11 +116,7 @@ void CTerminal::TakeRun(const unsigned char* bytes, int n) {
             NextLine();
         }
         const int stretch = graphicCharset ? 0 : PutAscii(bytes + at, n - at);
-        at += stretch;
-        if (stretch > 0) continue;
-        uint32_t code = 0;
-        at += DecodeOne(bytes + at, n - at, code);
-        PutCharacter(ShownGlyph(code));
+        at += stretch > 0 ? stretch : PutOthers(bytes + at, n - at);
     }
 }
 
@@ -136,6 +135,23 @@ int CTerminal::PutAscii(const unsigned char* bytes, int n) {
     lastCharacter = bytes[count - 1];
     column += count;
     return count;
+}
+
+// Puts characters up to the end of the row or the next plain ASCII, at least one, and gives how
+// many bytes they took.
+int CTerminal::PutOthers(const unsigned char* bytes, int n) {
+    const Attribute attribute = colours.Current();
+    Cell* line = screen.Change(row);
+    int at = 0;
+    do {
+        uint32_t code = 0;
+        at += DecodeOne(bytes + at, n - at, code);
+        const bool isPlain = code >= kFirstPlainCode && code < kFirstSurrogate;
+        lastCharacter = isPlain ? code : ShownGlyph(code);
+        if (insertMode) screen.InsertCells(row, column, 1, attribute);
+        line[column++] = Cell{lastCharacter, attribute};
+    } while (at < n && column < columns && (graphicCharset || bytes[at] >= kDelete));
+    return at;
 }
 
 // Gives how many bytes the character takes. Malformed UTF-8 counts byte by byte, as everywhere in
@@ -162,12 +178,17 @@ int CTerminal::DecodeOne(const unsigned char* bytes, int n, uint32_t& code) cons
     return more + 1;
 }
 
-// The column is on the row.
-void CTerminal::PutCharacter(uint32_t glyph) {
+// One character again and again.
+void CTerminal::PutRepeated(uint32_t glyph, int count) {
     const Attribute attribute = colours.Current();
-    if (insertMode) screen.InsertCells(row, column, 1, attribute);
-    screen.Change(row)[column++] = Cell{glyph, attribute};
-    lastCharacter = glyph;
+    for (; count > 0; count--) {
+        if (column >= columns) {
+            column = 0;
+            NextLine();
+        }
+        if (insertMode) screen.InsertCells(row, column, 1, attribute);
+        screen.Change(row)[column++] = Cell{glyph, attribute};
+    }
 }
 
 void CTerminal::TakeControl(unsigned char byte) {

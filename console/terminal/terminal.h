@@ -63,8 +63,9 @@ private:
     void Load();
     void FitToSize();
     int PutAscii(const unsigned char* bytes, int n);
+    int PutOthers(const unsigned char* bytes, int n);
     int DecodeOne(const unsigned char* bytes, int n, uint32_t& code) const;
-    void PutCharacter(uint32_t glyph);
+    void PutRepeated(uint32_t glyph, int count);
     void NextLine();
     void ScrollRegionUp(int lines);
     void ScrollRegionDown(int lines);

@@ -83,11 +83,19 @@ void TerminalScreen::Scroll(int top, int bottom, int lines, Attribute attribute)
     const bool up = lines > 0;
     std::rotate(first, up ? first + count : last - count, last);
     const int freed = up ? bottom - count : top;
+    const Cell* blank = BlankRow(attribute);
     for (int row = freed; row < freed + count; row++) {
-        std::fill_n(RowOf(row), columns, Cell{U' ', attribute});
+        std::copy_n(blank, columns, RowOf(row));
         isChanged[Slot(row)] = 0;
     }
     NoteMove({top, bottom, up ? count : -count, attribute});
+}
+
+const Cell* TerminalScreen::BlankRow(Attribute attribute) {
+    const auto width = static_cast<size_t>(columns);
+    if (blankRow.size() != width || blankRow[0].attribute != attribute)
+        blankRow.assign(width, Cell{U' ', attribute});
+    return blankRow.data();
 }
 
 // Moves of one block in one direction are one move. What the console's rows then hold may have

@@ -55,12 +55,14 @@ private:
     size_t Slot(int row) const { return static_cast<size_t>(slots[static_cast<size_t>(row)]); }
     Cell* RowOf(int row) const { return cells + Slot(row) * static_cast<size_t>(columns); }
     void NoteMove(const Move& move);
+    const Cell* BlankRow(Attribute attribute);
 
     CellString image;       // the cells, by slots
     Cell* cells = nullptr;  // of the image
     int columns = 0;
     int rows = 0;
     bool isLoaded = false;
+    std::vector<Cell> blankRow;      // kept, since rows that scroll in are copies of it
     std::vector<int> slots;          // of each row
     std::vector<uint8_t> isChanged;  // of each slot: differs from the console after the moves
     std::vector<Move> moves;         // to be carried out on the console first

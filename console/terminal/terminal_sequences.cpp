@@ -208,15 +208,7 @@ void CTerminal::EraseCharacters(const CsiSequence& sequence) {
 
 // As if the character came that often; more than a screen of it changes nothing.
 void CTerminal::Repeat(const CsiSequence& sequence) {
-    if (lastCharacter == 0) return;
-    const int count = std::min(Count(sequence), columns * rows);
-    for (int i = 0; i < count; i++) {
-        if (column >= columns) {
-            column = 0;
-            NextLine();
-        }
-        PutCharacter(lastCharacter);
-    }
+    if (lastCharacter != 0) PutRepeated(lastCharacter, std::min(Count(sequence), columns * rows));
 }
 
 void CTerminal::SetMode(const CsiSequence& sequence) {
