@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "console/program_state.h"
@@ -227,8 +228,16 @@ void TreeDeletion::RemoveDirectoryOf(int directory, const char* name) {
 }
 
 void TreeDeletion::AppendToPath(const char* name) {
+    const Westring part = NameFromBytes(name);
+    const int needed = path_.Length() + 1 + part.Length();
+    if (needed > path_.Capacity()) {
+        // Room for twice as much, so that depth costs no copy a level.
+        Westring longer(2 * needed);
+        longer += path_;
+        path_ = std::move(longer);
+    }
     if (path_.IsEmpty() || path_[path_.Length() - 1] != L'/') path_ += L'/';
-    path_ += NameFromBytes(name);
+    path_ += part;
 }
 
 void TreeDeletion::CutPath(int length) {
