@@ -57,18 +57,30 @@ int NewTarget::Open() {
 }
 
 int NewTarget::OpenBeside() {
-    const int code = MakeTemporary(path_, temporary_, [this](const char* path) {
+    const auto make = [this](const char* path) {
         constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
         const int made = Uninterrupted([&] { return open(path, kFlags, kPrivateFile); });
         return made < 0 ? errno : file_.Attach(made);
-    });
+    };
+    int code = MakeTemporary(path_, temporary_, make);
+    if (code == ENAMETOOLONG) code = MakeTemporary(ShortPath(), temporary_, make);
     if (code == kDone) how_ = How::kBeside;
     return code;
 }
 
+// The target by way of its open directory: a path that is as long as paths may be has no room for
+// a temporary name.
+Estring NewTarget::ShortPath() {
+    const int cut = path_.FindLast('/') + 1;
+    constexpr int kFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+    if (cut > 0) directory_ = open(path_.Left(cut).c_str(), kFlags);
+    if (directory_ < 0) return path_;
+    return Estring::Format("/proc/self/fd/%d/", directory_) + path_.Mid(cut);
+}
+
 // Never through a link: what that points to is not what the user agreed to lose.
 int NewTarget::OpenInPlace() {
-    constexpr int kFlags = O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NOCTTY | O_NONBLOCK;
+    constexpr int kFlags = O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NOCTTY | O_NONBLOCK;
     const int found = Uninterrupted([&] { return open(path_.c_str(), kFlags); });
     if (found < 0) return errno;
     int code = file_.Attach(found);
@@ -186,6 +198,11 @@ int NewTarget::Abandon() {
     }
     how_ = How::kNone;
     return code;
+}
+
+NewTarget::~NewTarget() {
+    Abandon();
+    if (directory_ >= 0) close(directory_);
 }
 
 }  // namespace zt

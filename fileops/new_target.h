@@ -17,7 +17,7 @@ public:
     // `look` is what stands at `path`; without `replaces` nothing may (but a device).
     NewTarget(FileOperation& operation, const Estring& path, const TargetLook& look, bool replaces)
         : operation_(operation), path_(path), look_(look), replaces_(replaces) {}
-    ~NewTarget() { Abandon(); }
+    ~NewTarget();
     NewTarget(const NewTarget&) = delete;
     NewTarget& operator=(const NewTarget&) = delete;
 
@@ -46,6 +46,7 @@ private:
     enum class How { kNone, kBeside, kInPlace, kDevice };
 
     int OpenBeside();
+    Estring ShortPath();
     int OpenInPlace();
     int OpenDevice();
     int SetModeAndTime(const struct stat& source);
@@ -58,6 +59,7 @@ private:
     const bool replaces_;
     How how_ = How::kNone;
     Estring temporary_;
+    int directory_ = -1;  // open where the temporary name leads through it
     StdFile file_;
     struct stat source_ {};  // as Finish was told
 };

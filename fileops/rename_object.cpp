@@ -22,6 +22,12 @@ int RenameWith(const Estring& source, const Estring& target, unsigned flags) {
     return Uninterrupted(call) < 0 ? errno : 0;
 }
 
+// A file system that does not know the flag. EINVAL may mean other things too, and then comes
+// again.
+bool IsUnknown(int code) {
+    return code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
+}
+
 int Unlink(const Estring& path) {
     return Uninterrupted([&] { return unlink(path.c_str()); }) < 0 ? errno : 0;
 }
@@ -46,9 +52,11 @@ int RenameNewInSteps(const Estring& source, const Estring& target) {
 
 // The old file goes aside first: the system renames no directory over a file.
 int RenameDirectoryOverFile(const Estring& directory, const Estring& file) {
-    if (RenameWith(directory, file, RENAME_EXCHANGE) == 0) return Unlink(directory);
+    int code = RenameWith(directory, file, RENAME_EXCHANGE);
+    if (code == 0) return Unlink(directory);
+    if (!IsUnknown(code)) return code;
     Estring aside;
-    int code = MakeTemporary(file, aside, [&](const char* path) { return RenameNew(file, path); });
+    code = MakeTemporary(file, aside, [&](const char* path) { return RenameNew(file, path); });
     if (code != 0) return code;
     code = RenameNew(directory, file);
     if (code == 0) return Unlink(aside);
@@ -60,8 +68,7 @@ int RenameDirectoryOverFile(const Estring& directory, const Estring& file) {
 
 int RenameNew(const Estring& source, const Estring& target) {
     const int code = RenameWith(source, target, RENAME_NOREPLACE);
-    const bool unknown = code == EINVAL || code == ENOSYS || code == EOPNOTSUPP;
-    return unknown ? RenameNewInSteps(source, target) : code;
+    return IsUnknown(code) ? RenameNewInSteps(source, target) : code;
 }
 
 int RenameOver(const Estring& source, const Estring& target) {

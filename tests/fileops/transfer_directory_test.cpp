@@ -218,6 +218,29 @@ TEST_F(TreeCopyTest, GoesAsDeepAsPathsGo) {
     EXPECT_EQ(content, "bottom");
 }
 
+TEST_F(TreeCopyTest, WritesUnderTheLongestPath) {
+    Write("file", "content");
+    std::string path = tree.Path();
+    while (path.size() < 4092) {
+        const size_t room = 4093 - path.size() - 1;
+        path += "/" + std::string(std::min<size_t>(room > 101 ? 99 : room, room), 'n');
+        ASSERT_EQ(mkdir(path.c_str(), 0755), 0) << path.size();
+    }
+    ASSERT_EQ(path.size(), 4093u);
+    const auto copy = [&](const std::string& target) {
+        return CopyWithPrompts(operation, tree.Wide("file"), NameFromBytes(target.c_str()), 1, 1,
+                               progress, descriptions, 0);
+    };
+    EXPECT_EQ(copy(path + "/f"), kDone);
+    EXPECT_EQ(std::filesystem::file_size(path + "/f"), 7u);
+    operation.overwrite = OverwriteMode::kAlways;
+    Write("file", "other content");
+    EXPECT_EQ(copy(path + "/f"), kDone);
+    EXPECT_EQ(std::filesystem::file_size(path + "/f"), 13u);
+    user.ExpectError(ENAMETOOLONG, tree.PathOf("file"), 'y');
+    EXPECT_EQ(copy(path + "/ff"), ENAMETOOLONG);
+}
+
 TEST_F(TreeCopyTest, RefusesPathsThatBecomeTooLong) {
     std::string path = tree.PathOf("deep");
     const std::string part = "/" + std::string(99, 'n');
