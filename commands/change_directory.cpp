@@ -14,6 +14,7 @@
 #include "foundation/normalize_path.h"
 #include "foundation/shell_text.h"
 #include "foundation/std_file.h"
+#include "foundation/wild_match.h"
 #include "panels/navigation.h"
 #include "ui/message_box.h"
 
@@ -37,18 +38,6 @@ Westring Argument(const Westring& text) {
     Westring argument = text.Right(text.Length() - kCdLength).TrimLeft();
     ExpandVariables(argument);
     return argument;
-}
-
-// Both slashes separate. A name that was put into the line with its odd characters escaped is
-// meant as well.
-bool FindDirectory(const CPanel& panel, const Westring& argument, Westring& path) {
-    path = argument;
-    path.ReplaceAll(L"\\", L"/");
-    if (NormalizePath(path, panel.path.c_str()) == 0 && IsDirectory(path)) return true;
-    Westring unescaped = Unescape(argument);
-    if (MakeAbsolute(unescaped, panel.path.c_str()) != 0 || !IsDirectory(unescaped)) return false;
-    path = unescaped;
-    return true;
 }
 
 void ShowFromTop(LoopState& state, int side) {
@@ -79,12 +68,26 @@ bool ReadChoice(const Westring& file, Westring& path) {
 
 }  // namespace
 
+bool IsChangeDirectory(const Westring& text) {
+    return WildMatchWide(L"cd", text.c_str()) || WildMatchWide(L"cd[\\. ]*", text.c_str());
+}
+
+bool FindDirectory(const Westring& base, const Westring& text, Westring& path) {
+    const Westring argument = Argument(text);
+    path = argument;
+    path.ReplaceAll(L"\\", L"/");
+    if (NormalizePath(path, base.c_str()) == 0 && IsDirectory(path)) return true;
+    path = Unescape(argument);
+    if (MakeAbsolute(path, base.c_str()) == 0 && IsDirectory(path)) return true;
+    path = argument;
+    return false;
+}
+
 int ChangeDirectoryCommand(LoopState& state, const Westring& text, int side) {
     CPanel& panel = state.panels.panel[side];
     Westring path;
-    const Westring argument = Argument(text);
-    if (!FindDirectory(panel, argument, path)) {
-        MessageBox("Invalid path", argument.c_str(), kBoxOk);
+    if (!FindDirectory(panel.path, text, path)) {
+        MessageBox("Invalid path", path.c_str(), kBoxOk);
         return -1;
     }
     if (!ChangeDirectory(panel, path)) {

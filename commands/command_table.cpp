@@ -19,6 +19,7 @@
 #include "commands/screen_commands.h"
 #include "commands/scroll_back_command.h"
 #include "commands/selection_commands.h"
+#include "commands/user_menu.h"
 #include "commands/view_commands.h"
 
 namespace zt {
@@ -90,8 +91,8 @@ constexpr CommandRow kCommands[] = {
     {0x1001C, kNeedsNothing, EnterSeparately},
     // Function keys
     {0x1003B, kNeedsNothing, nullptr},
-    {0x1003C, kNeedsNothing, nullptr},
-    {0x30055, kNeedsNothing, nullptr},
+    {0x1003C, kNeedsNothing, UserMenuKey},
+    {0x30055, kNeedsNothing, UserMenuKey},
     {0x1003D, kNeedsFiles, ViewKey},
     {0x1006A, kNeedsFiles, ViewKey},
     {0x30060, kNeedsFiles, ViewKey},

@@ -107,8 +107,7 @@ int RunOutside(LoopState& state, const Westring& text, int side, const Westring&
 int DispatchCommand(LoopState& state, const Westring& text, int side, const Westring& prompt,
                     int flags) {
     const wchar_t* command = text.c_str();
-    if (WildMatchWide(L"cd", command) || WildMatchWide(L"cd[\\. ]*", command))
-        return ChangeDirectoryCommand(state, text, side);
+    if (IsChangeDirectory(text)) return ChangeDirectoryCommand(state, text, side);
     if (WildMatchWide(L"vcd", command) || WildMatchWide(L"vcd[\\ ]*", command))
         return ChooseDirectoryCommand(state, text, side);
     if (WildMatchWide(L"set *=*", command)) return SetVariable(text);

@@ -7,7 +7,7 @@ namespace zt {
 
 namespace {
 
-constexpr MenuEntry kLeftEntries[] = {
+constexpr PullDownEntry kLeftEntries[] = {
     {"Brief       AlSh-F1", 'B', 0x10000D, MenuMark::kStyle0},
     {"Full        AlSh-F2", 'F', 0x10000F, MenuMark::kStyle1},
     {"Wide        AlSh-F3", 'W', 0x100014, MenuMark::kStyle2},
@@ -30,7 +30,7 @@ constexpr MenuEntry kLeftEntries[] = {
     {"Drive       Alt-F1", 'D', 0x10068},
 };
 
-constexpr MenuEntry kRightEntries[] = {
+constexpr PullDownEntry kRightEntries[] = {
     {"Brief       AlSh-F1", 'B', 0x10000E, MenuMark::kStyle0},
     {"Full        AlSh-F2", 'F', 0x100010, MenuMark::kStyle1},
     {"Wide        AlSh-F3", 'W', 0x100015, MenuMark::kStyle2},
@@ -53,7 +53,7 @@ constexpr MenuEntry kRightEntries[] = {
     {"Drive       Alt-F2", 'D', 0x10069},
 };
 
-constexpr MenuEntry kFilesEntries[] = {
+constexpr PullDownEntry kFilesEntries[] = {
     {"Manual       Shift-F1", 'l', 0x30054},
     {"User Menu          F2", 'U', 0x1003C},
     {"View               F3", 'V', 0x1003D},
@@ -76,7 +76,7 @@ constexpr MenuEntry kFilesEntries[] = {
     {"Quit               F10", 'Q', 0x10044},
 };
 
-constexpr MenuEntry kCommandsEntries[] = {
+constexpr PullDownEntry kCommandsEntries[] = {
     {"Tree                 Alt-F10", 'T', 0x10071},
     {"File Find            Alt-F7", 'F', 0x1006E},
     {"History              Alt-F8", 'H', 0x1006F},
@@ -95,7 +95,7 @@ constexpr MenuEntry kCommandsEntries[] = {
     {"Edit User Menu", 'M', 0x1000D1},
 };
 
-constexpr MenuEntry kOptionsEntries[] = {
+constexpr PullDownEntry kOptionsEntries[] = {
     {"Configuration", 'C', 0x10012C},
     {"Colours", 'o', 0x10012D},
     {"Confirmations", 'n', 0x100135},
@@ -112,7 +112,7 @@ constexpr MenuEntry kOptionsEntries[] = {
 };
 
 template <int n>
-constexpr Menu MakeMenu(const MenuEntry (&entries)[n], int width) {
+constexpr Menu MakeMenu(const PullDownEntry (&entries)[n], int width) {
     return Menu{entries, n, width};
 }
 

@@ -29,7 +29,7 @@ enum class MenuMark {
     kRetainCount,
 };
 
-struct MenuEntry {
+struct PullDownEntry {
     const char* text;  // null: a separator line
     char quickKey;     // as it stands in the text; its first place is shown and counts
     int code;          // a key, or a command of its own; 0 for a separator
@@ -37,7 +37,7 @@ struct MenuEntry {
 };
 
 struct Menu {
-    const MenuEntry* entries;
+    const PullDownEntry* entries;
     int count;
     int width;
 };

@@ -161,7 +161,7 @@ PullDownMenu::Step PullDownMenu::HandleLetter(int key) {
         return Step::kGoOn;
     }
     for (int i = 0; i < Current().count; ++i) {
-        const MenuEntry& entry = Current().entries[i];
+        const PullDownEntry& entry = Current().entries[i];
         if (!entry.text || !SameLetter(key, entry.quickKey)) continue;
         itemIndex = i;
         return Choose();

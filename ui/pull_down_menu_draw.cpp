@@ -49,7 +49,7 @@ void PullDownMenu::DrawTitles() {
 }
 
 void PullDownMenu::DrawEntry(int item) {
-    const MenuEntry& entry = Current().entries[item];
+    const PullDownEntry& entry = Current().entries[item];
     const int width = Current().width;
     if (!entry.text) {
         dropDown->Print(1, item, Westring::Repeat(kLine, width - 2), Colour(ColourClass::kMenuBar));

@@ -12,10 +12,8 @@ constexpr int32_t kReserved[] = {
     0x17,
     // Enter and the function keys, by their modifiers
     0x1003B,
-    0x1003C,
     0x1003E,
     0x30054,
-    0x30055,
     0x30056,
     0x30057,
     0x3005A,

@@ -49,7 +49,7 @@ TEST(MenuTables, QuickKeysStandInTheirTextsOncePerMenu) {
     for (const Menu& table : kMenus) {
         std::map<int, const char*> seen;
         for (int i = 0; i < table.count; ++i) {
-            const MenuEntry& entry = table.entries[i];
+            const PullDownEntry& entry = table.entries[i];
             if (!entry.text) {
                 EXPECT_EQ(entry.code, 0);
                 continue;
@@ -111,7 +111,7 @@ TEST_F(PullDownMenuTest, EveryEntryIsShownAndGivesItsCode) {
     for (int menuNumber = 0; menuNumber < kMenuCount; ++menuNumber) {
         const Menu& table = kMenus[menuNumber];
         for (int i = 0; i < table.count; ++i) {
-            const MenuEntry& entry = table.entries[i];
+            const PullDownEntry& entry = table.entries[i];
             if (!entry.text) continue;
             screen.screens.clear();
             Key(kMenuTitles[menuNumber].quickKey);

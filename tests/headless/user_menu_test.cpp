@@ -1,0 +1,249 @@
+// The user menu: its file, its window, its commands.
+#include "tests/support/panel_view.h"
+
+namespace zt::headless {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+class UserMenu : public testing::Test {
+protected:
+    SessionOptions InTree() {
+        SessionOptions options;
+        options.directory = tree.Path();
+        options.home = home.Path();
+        options.environment["SHELL"] = "/bin/sh";
+        return options;
+    }
+    // Keys by name; a single character is typed.
+    static void Keys(Session& session, std::initializer_list<std::string_view> keys) {
+        for (const std::string_view key : keys)
+            key.size() == 1 ? session.Type(key) : session.Press(key);
+    }
+    std::string Written(const std::string& name) { return tree.Content(name); }
+
+    FileTree home;
+    FileTree tree;
+};
+
+TEST_F(UserMenu, WithoutAFileNothingHappens) {
+    Session session(InTree());
+    const std::string before = session.Text();
+    session.Press({"F2", "Shift-F2"});
+    EXPECT_EQ(session.Text(), before);
+}
+
+TEST_F(UserMenu, RunsTheCommandsOfAnEntry) {
+    tree.File("zt.mnu",
+              "A: First\n\techo one > out\n   echo two >> out\nB: Second\n echo b > out\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr(" User  Menu "));
+    EXPECT_THAT(session.Text(), HasSubstr("A First"));
+    EXPECT_THAT(session.Text(), HasSubstr("B Second"));
+    session.Press("Enter");
+    EXPECT_EQ(Written("out"), "one\ntwo\n");
+    EXPECT_THAT(PanelView(session, 0).Names(), ElementsAre("..", "out", "zt.mnu"));
+}
+
+TEST_F(UserMenu, EntriesAreChosenByTheirKeys) {
+    tree.File("zt.mnu",
+              "a: Letter\n echo letter > out\nF2: Function\n echo f2 > out\n"
+              "CF3: Ctrl\n echo cf3 > out\nsf12: Shift\n echo sf12 > out\n"
+              "AF11: Alt\n echo af11 > out\n");
+    Session session(InTree());
+    const struct {
+        const char* key;
+        const char* out;
+    } rows[] = {{"a", "letter\n"},
+                {"F2", "f2\n"},
+                {"Ctrl-F3", "cf3\n"},
+                {"Shift-F12", "sf12\n"},
+                {"Alt-F11", "af11\n"}};
+    for (const auto& row : rows) {
+        Keys(session, {"F2", row.key});
+        EXPECT_EQ(Written("out"), row.out) << row.key;
+    }
+}
+
+TEST_F(UserMenu, EscLeavesEverythingAlone) {
+    tree.File("zt.mnu", "A: First\n echo one > out\n");
+    Session session(InTree());
+    const std::string before = session.Text();
+    Keys(session, {"F2", "Esc"});
+    EXPECT_FALSE(tree.Exists("out"));
+    EXPECT_EQ(session.Text(), before);
+}
+
+TEST_F(UserMenu, TheNearestFileUpwardsCounts) {
+    tree.Folder("a/b/c").File("a/zt.mnu", "A: In a\n echo > out-a\n");
+    home.File(".ztx/zt.mnu", "A: Personal\n echo > out-personal\n");
+    SessionOptions options = InTree();
+    options.directory = tree.PathOf("a/b/c");
+    Session session(options);
+    Keys(session, {"F2", "Enter"});
+    EXPECT_TRUE(tree.Exists("a/b/c/out-a"));
+    session.Press({"Shift-F2", "Enter"});
+    EXPECT_TRUE(tree.Exists("a/b/c/out-personal"));
+    tree.Remove("a/zt.mnu");
+    tree.Remove("a/b/c/out-personal");
+    Keys(session, {"F2", "Enter"});
+    EXPECT_TRUE(tree.Exists("a/b/c/out-personal"));
+}
+
+TEST_F(UserMenu, ShowsOnlyEntriesWhoseConditionHolds) {
+    tree.File("x.c").File("zt.mnu",
+                          "A @ *.c: For C\n echo > out-a\nB@%attrib=D: For directories\n"
+                          " echo > out-b\nC: Always\n echo > out-c\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("B For directories"));
+    EXPECT_THAT(session.Text(), Not(HasSubstr("For C")));
+    session.Press({"Esc", "Down", "F2"});
+    EXPECT_THAT(session.Text(), HasSubstr("A For C"));
+    EXPECT_THAT(session.Text(), HasSubstr("C Always"));
+    EXPECT_THAT(session.Text(), Not(HasSubstr("For directories")));
+    session.Press("Enter");
+    EXPECT_THAT(tree.Names(), ElementsAre("out-a", "x.c", "zt.mnu"));
+}
+
+TEST_F(UserMenu, OpensMenusOfMenus) {
+    tree.File("zt.mnu",
+              "A: Plain\n echo plain > out\nB: Deeper\n{\n1: Inner\n echo inner > out\n"
+              "2: Deepest\n{\nX: Last\n echo last > out\n}\n}\nC: Behind\n echo behind > out\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("B Deeper:>"));
+    session.Type("b");
+    EXPECT_THAT(session.Text(), HasSubstr(" Deeper "));
+    EXPECT_THAT(session.Text(), HasSubstr("1 Inner"));
+    session.Press("Esc");
+    EXPECT_THAT(session.Text(), HasSubstr(" User  Menu "));
+    EXPECT_THAT(session.Text(), Not(HasSubstr("1 Inner")));
+    Keys(session, {"b", "1"});
+    EXPECT_EQ(Written("out"), "inner\n");
+    Keys(session, {"F2", "b", "2", "x"});
+    EXPECT_EQ(Written("out"), "last\n");
+    Keys(session, {"F2", "c"});
+    EXPECT_EQ(Written("out"), "behind\n");
+}
+
+TEST_F(UserMenu, AMenuBehindCommandsIsDropped) {
+    tree.File("zt.mnu",
+              "A: With commands\n echo a > out\n{\nX: Lost\n echo lost > out\n}\nB: Next\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("B Next"));
+    EXPECT_THAT(session.Text(), Not(HasSubstr(":>")));
+    session.Type("a");
+    EXPECT_EQ(Written("out"), "a\n");
+}
+
+TEST_F(UserMenu, AClosingBraceAloneEndsTheFile) {
+    tree.File("zt.mnu", "A: First\n echo > a\n  }\nB: Not read\n echo > b\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("A First"));
+    EXPECT_THAT(session.Text(), Not(HasSubstr("Not read")));
+}
+
+TEST_F(UserMenu, IncludesOtherFiles) {
+    tree.Folder("more")
+        .File("more/extra", "X: Included\n echo x > out\n")
+        .File("zt.mnu",
+              "A: First\n{\n!include more/extra\n}\n!include more/none\nB: Last\n echo b > out\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("Unable to open included menu"));
+    EXPECT_THAT(session.Text(), HasSubstr("more/none"));
+    session.Press("Enter");
+    EXPECT_THAT(session.Text(), HasSubstr("B Last"));
+    Keys(session, {"a", "x"});
+    EXPECT_EQ(Written("out"), "x\n");
+}
+
+TEST_F(UserMenu, FilesThatIncludeThemselvesEnd) {
+    tree.File("zt.mnu", "A: First\n echo a > out\n!include zt.mnu\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("Unable to open included menu"));
+    Keys(session, {"Enter", "a"});
+    EXPECT_EQ(Written("out"), "a\n");
+}
+
+TEST_F(UserMenu, PassesOverWhatIsNoEntry) {
+    tree.File("zt.mnu",
+              "\xEF\xBB\xBF// comment: here\r\n lost command\r\n: no key\r\nno colon\r\n"
+              "XYZ: no such key\r\n echo lost > out\r\nF13: no such key\r\n@ *: no key\r\n"
+              "A: Right\r\n\r\n   \r\n echo right > out\r\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("A Right"));
+    EXPECT_THAT(session.Text(), Not(HasSubstr("no such")));
+    session.Press("Enter");
+    EXPECT_EQ(Written("out"), "right\n");
+}
+
+TEST_F(UserMenu, ExpandsMacrosForEachTaggedFile) {
+    tree.File("a b").File("$(x)").File("zt.mnu",
+                                       "A: Each\n printf '[%s]' !f >> out\nB: All\n"
+                                       " printf '[%s]' !t !d > out\n");
+    Session session(InTree());
+    Keys(session, {"Down", "Ins", "Ins", "F2", "a"});
+    EXPECT_EQ(Written("out"), "[$(x)][a b]");
+    Keys(session, {"F2", "b"});
+    EXPECT_EQ(Written("out"), "[$(x)][a b][" + tree.Path() + "]");
+}
+
+TEST_F(UserMenu, AsksAndStopsAtEsc) {
+    tree.File("zt.mnu",
+              "A: Ask\n echo before > out\n echo !{What to write:} >> out\n echo after >> out\n");
+    Session session(InTree());
+    Keys(session, {"F2", "a"});
+    EXPECT_THAT(session.Text(), HasSubstr("What to write:"));
+    session.Type("words");
+    session.Press("Enter");
+    EXPECT_EQ(Written("out"), "before\nwords\nafter\n");
+    Keys(session, {"F2", "a", "Esc"});
+    EXPECT_EQ(Written("out"), "before\n");
+}
+
+TEST_F(UserMenu, CdTakesThePanelAlong) {
+    tree.Folder("sub").File("zt.mnu", "A: Go\n cd sub\n echo here > out\nB: Wrong\n cd none\n");
+    Session session(InTree());
+    Keys(session, {"F2", "a"});
+    EXPECT_EQ(Written("sub/out"), "here\n");
+    EXPECT_EQ(PanelView(session, 0).Title(), tree.PathOf("sub"));
+    Keys(session, {"F2", "b"});
+    EXPECT_THAT(session.Text(), HasSubstr("Invalid path"));
+    session.Press("Enter");
+    EXPECT_EQ(PanelView(session, 0).Title(), tree.PathOf("sub"));
+}
+
+TEST_F(UserMenu, ACommandThatFailsEndsItselfOnly) {
+    tree.File("a").File("b").File("zt.mnu", "A: Each\n echo !f >> out; false\n echo next >> out\n");
+    Session session(InTree());
+    Keys(session, {"Down", "Ins", "Ins", "F2", "a"});
+    EXPECT_EQ(Written("out"), "a\nnext\n");
+}
+
+TEST_F(UserMenu, ScrollsWhenItIsLong) {
+    std::string file;
+    for (int i = 0; i < 26; i++)
+        file += std::string(1, static_cast<char>('A' + i)) + ": Entry\n echo " + std::to_string(i) +
+                " > out\n";
+    tree.File("zt.mnu", file);
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(session.Text(), HasSubstr("Q Entry"));
+    EXPECT_THAT(session.Text(), Not(HasSubstr("R Entry")));
+    session.Press({"End"});
+    EXPECT_THAT(session.Text(), HasSubstr("Z Entry"));
+    session.Press("Enter");
+    EXPECT_EQ(Written("out"), "25\n");
+}
+
+}  // namespace
+}  // namespace zt::headless
