@@ -168,8 +168,7 @@ TEST_F(CopyCommand, BreakStopsInTheMiddleAndKeepsTheOldTarget) {
         Start("src", "dst");
         Tag(left, "big");
         Tag(left, "later");
-        const struct { int32_t code; } keys[] = {{AltKey('a')}, {kKeyTab}};
-        screen->PushKey(keys[0].code, kModifierAlt, 'a');
+        screen->PushKey(AltKey('a'), kModifierAlt, 'a');
         screen->PushKey(kKeyEnter);
         std::atomic<bool> asked = false;
         watched->whenDrawn = [&] {
