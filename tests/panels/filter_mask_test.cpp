@@ -66,6 +66,44 @@ TEST(FilterMask, MatchesByItsPieces) {
     }
 }
 
+TEST(FilterMask, MatchesByItsAlternatives) {
+    const struct {
+        const wchar_t* mask;
+        const wchar_t* name;
+        bool matches;
+    } rows[] = {
+        {L"*.{c,h}", L"a.C", true},
+        {L"*.{c,h}", L"a.o", false},
+        {L"*.{c,h}", L"a.{c,h}", true},
+        {L"A{,X}d", L"ad", true},
+        {L"A{,X}d", L"axd", true},
+        {L"A{X,}d", L"ad", false},
+        {L"a{}b", L"ab", false},
+        {L"a{}b", L"a{}b", true},
+        {L"a{b", L"a{b", true},
+        {L"{a*,b}c", L"a*c", true},
+        {L"{a*,b}c", L"axc", false},
+        {L"{a*,b}c", L"{ax,b}c", true},
+        {L"{[a-c],?x}*", L"b", true},
+        {L"{[a-c],?x}*", L"d", false},
+        {L"{[,],y}", L",", true},
+        {L"{a,b}{c,d}", L"bc", true},
+        {L"{a,b}{c,d}", L"ba", false},
+        {L"[a-m]*[0-9]", L"b7", true},
+        {L"[^a-m]*", L"b7", false},
+        {L"[^a-m]*", L"\u0416", true},
+        {L"[]x]", L"x]", false},
+        {L"{a}{a}{a}{a}{a}{a}{a}", L"aaaaaaa", true},
+        {L"{a,b,c,d}{a,b,c,d}{a,b,c,d}{a,b,c,d}*", L"dcbaz", true},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(FilterMask(row.mask).Matches(row.name), row.matches)
+            << Westring(row.mask).ToUtf8().c_str() << " " << Westring(row.name).ToUtf8().c_str();
+        EXPECT_EQ(WildMatchWide(row.mask, row.name), row.matches)
+            << Westring(row.mask).ToUtf8().c_str() << " " << Westring(row.name).ToUtf8().c_str();
+    }
+}
+
 TEST(FilterMask, FoldsEachCharacterAsTheMatcherDoes) {
     for (int code = 1; code < 0x600; ++code) {
         const wchar_t mask[] = {static_cast<wchar_t>(code), L'*', 0};
@@ -88,7 +126,7 @@ TEST(FilterMask, MatchesWhatTheMatcherMatches) {
     };
     int matches = 0;
     for (int i = 0; i < 40000; ++i) {
-        const std::wstring mask = pick(L"aAb*?*.\u00E9[]{,}-^", i % 3 ? 6 : 12);
+        const std::wstring mask = pick(L"aAb*?*.\u00E9[]{,}-^{,}", i % 3 ? 8 : 20);
         const std::wstring name = pick(L"aAbB.\u00E9\u00C9\x1100E9[", 10);
         const bool wanted = WildMatchWide(mask.c_str(), name.c_str());
         ASSERT_EQ(FilterMask(mask.c_str()).Matches(name.c_str()), wanted)
