@@ -38,7 +38,7 @@ bool IsOneName(const Westring& oldPath, const Westring& newPath) {
     if (lstat(NameToBytes(oldPath).c_str(), &before) != 0) return false;
     if (lstat(NameToBytes(newPath).c_str(), &after) != 0) return false;
     const bool isOneObject = before.st_dev == after.st_dev && before.st_ino == after.st_ino;
-    return isOneObject && !IsListed(newPath);
+    return isOneObject && !(IsListed(oldPath) && IsListed(newPath));
 }
 
 bool Exists(const Westring& path) {

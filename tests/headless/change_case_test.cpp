@@ -3,8 +3,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 
 #include "tests/headless/box_rows.h"
+#include "tests/support/fault_control.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -334,6 +336,53 @@ TEST_F(ChangeCase, OfManyFilesGoesThroughAll) {
     EXPECT_EQ(300u, names.size());
     for (const std::string& name : names)
         EXPECT_EQ("file", name.substr(0, 4));
+}
+
+// In a directory where any rename would be refused.
+TEST_F(ChangeCase, ThatAltersNothingRenamesNothing) {
+    if (!IsRoot()) GTEST_SKIP() << "a directory of another owner is needed";
+    tree.File("name.txt").File("other");
+    home.GiveTo(OrdinaryUser());
+    SessionOptions options = Here();
+    options.user = OrdinaryUser();
+    Session session(options);
+    session.Press({"Down", "Ins", "Ins", "Ctrl-c", "Enter"});
+    EXPECT_FALSE(Shows(session, "Access Denied")) << session.Text();
+    session.Press({"Ctrl-c", "Alt-n", "Alt-u", "Enter"});
+    EXPECT_TRUE(Shows(session, "Access Denied")) << session.Text();
+    session.Press("Esc");
+}
+
+// A file system that does not know a rename that replaces nothing.
+TEST_F(ChangeCase, TakesNobodysNameOnAnOldFileSystem) {
+    tree.File("Aa", "upper").File("Bb").File("bb", "lower");
+    FaultControl faults(tree.Path());
+    SessionOptions options = Here();
+    options.environment = faults.Environment();
+    for (const int error : {EINVAL, ENOSYS}) {
+        Session session(options);
+        ASSERT_TRUE(faults.IsLoaded());
+        FaultOrder order;
+        order.fault = faults::Fault::kError;
+        order.error = error;
+        order.first = 1;
+        order.calls = faults::BitOf(faults::Call::kRename);
+        faults.Arm(order);
+        session.Press({"Down", "Ctrl-c", "Enter"});
+        EXPECT_EQ(1u, faults.Hits());
+        EXPECT_FALSE(tree.Exists("Aa"));
+        EXPECT_EQ("upper", tree.Content("aa"));
+        faults.Arm(order);
+        session.Press("Down");
+        if (PanelView(session, 0).BarName() != "Bb") session.Press("Down");
+        ASSERT_EQ("Bb", PanelView(session, 0).BarName());
+        session.Press({"Ctrl-c", "Enter"});
+        EXPECT_EQ(1u, faults.Hits());
+        EXPECT_TRUE(Shows(session, "File exists (17)")) << session.Text();
+        session.Press("Esc");
+        EXPECT_EQ("lower", tree.Content("bb"));
+        tree.Remove("aa").File("Aa", "upper");
+    }
 }
 
 }  // namespace

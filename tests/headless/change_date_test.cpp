@@ -2,9 +2,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <ctime>
 
 #include "tests/headless/box_rows.h"
+#include "tests/support/fault_control.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -120,6 +122,37 @@ TEST_F(ChangeDate, SetsWhatWasTyped) {
     EXPECT_EQ(0, Own("f").st_mtim.tv_nsec);
     EXPECT_EQ("11/22/33", PanelView(session, 0).FieldsOf("f").at(2));
     EXPECT_EQ("f", PanelView(session, 0).BarName());
+}
+
+TEST_F(ChangeDate, IsInTheMenuOfFiles) {
+    tree.File("f");
+    Session session(Here());
+    session.Press({"Down", "F9"});
+    session.Type("ft");
+    EXPECT_TRUE(IsOpen(session)) << session.Text();
+}
+
+TEST_F(ChangeDate, FailsWithTheSystemsError) {
+    tree.File("f").Time("f", UtcTime(2021, 3, 4));
+    FaultControl faults(tree.Path());
+    SessionOptions options = Here();
+    options.environment = faults.Environment();
+    Session session(options);
+    ASSERT_TRUE(faults.IsLoaded());
+    FaultOrder order;
+    order.fault = faults::Fault::kError;
+    order.error = EROFS;
+    order.first = 1;
+    order.calls = faults::BitOf(faults::Call::kTime);
+    faults.Arm(order);
+    session.Press("Down");
+    Open(session);
+    Fill(session, "7");
+    session.Press("Enter");
+    EXPECT_TRUE(Shows(session, "Disk write protected, cannot write")) << session.Text();
+    EXPECT_EQ(UtcTime(2021, 3, 4), TimeOf("f"));
+    session.Press("Enter");  // tries again
+    EXPECT_EQ(UtcTime(2021, 7, 4), TimeOf("f"));
 }
 
 TEST_F(ChangeDate, LeavesWhatWasNotTouched) {

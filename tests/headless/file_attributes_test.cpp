@@ -2,9 +2,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "tests/headless/box_rows.h"
+#include "tests/support/fault_control.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -470,6 +472,28 @@ TEST_F(FileAttributes, OfAFileThatIsGoneAreToldOf) {
     session.Type("s");
     EXPECT_FALSE(IsOpen(session));
     EXPECT_EQ(0744u, ModeOf("b"));
+}
+
+TEST_F(FileAttributes, ThatFailAreToldOfInTheSystemsWords) {
+    tree.File("f").Mode("f", 0644);
+    FaultControl faults(tree.Path());
+    SessionOptions options = Here();
+    options.environment = faults.Environment();
+    Session session(options);
+    ASSERT_TRUE(faults.IsLoaded());
+    FaultOrder order;
+    order.fault = faults::Fault::kError;
+    order.error = EROFS;
+    order.first = 1;
+    order.calls = faults::BitOf(faults::Call::kMode);
+    faults.Arm(order);
+    session.Press({"Down", "Ctrl-a"});
+    session.Type("7");
+    session.Press("Enter");
+    EXPECT_TRUE(Shows(session, " Read-only file system ")) << session.Text();
+    session.Press("Enter");  // tries again
+    EXPECT_FALSE(IsOpen(session));
+    EXPECT_EQ(0744u, ModeOf("f"));
 }
 
 TEST_F(FileAttributes, TakeNamesOfAnyBytes) {

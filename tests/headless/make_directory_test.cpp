@@ -2,7 +2,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 #include "tests/headless/box_rows.h"
+#include "tests/support/fault_control.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -176,6 +179,37 @@ TEST_F(MakeDirectory, IsRefusedWhereTheUserMayNotWrite) {
     EXPECT_FALSE(Shows(session, "Access Denied"));
     EXPECT_TRUE(IsDirectory("new"));
     EXPECT_EQ("new", PanelView(session, 0).BarName());
+}
+
+TEST_F(MakeDirectory, FailsWithTheSystemsError) {
+    FaultControl faults(tree.Path());
+    SessionOptions options = Here();
+    options.environment = faults.Environment();
+    Session session(options);
+    ASSERT_TRUE(faults.IsLoaded());
+    const struct {
+        int error;
+        const char* text;
+    } rows[] = {{ENOSPC, "No room for"},
+                {EROFS, "Disk write protected, cannot write"},
+                {EDQUOT, "Disk quota exceeded (122)"},
+                // It is not there, whatever the call says.
+                {EEXIST, "File exists (17)"}};
+    for (const auto& row : rows) {
+        FaultOrder order;
+        order.fault = faults::Fault::kError;
+        order.error = row.error;
+        order.first = 1;
+        order.calls = faults::BitOf(faults::Call::kMakeDirectory);
+        faults.Arm(order);
+        Make(session, "new");
+        EXPECT_TRUE(Shows(session, row.text)) << session.Text();
+        EXPECT_FALSE(tree.Exists("new"));
+        session.Press("Enter");  // tries again
+        EXPECT_TRUE(IsDirectory("new"));
+        EXPECT_EQ("new", PanelView(session, 0).BarName());
+        tree.Remove("new");
+    }
 }
 
 TEST_F(MakeDirectory, TakesNamesOfAnyCharacters) {

@@ -2,9 +2,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "tests/headless/box_rows.h"
+#include "tests/support/fault_control.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -147,6 +149,45 @@ TEST_F(MakeLinks, ToTaggedFilesAskForADirectory) {
     EXPECT_EQ(tree.PathOf("here/a"), LinkText("there/a"));
     EXPECT_THAT(PanelView(session, 0).Status(), Not(HasSubstr("selected")));
     EXPECT_EQ(kPanelColour, PanelView(session, 0).AttributeOf("a"));
+}
+
+TEST_F(MakeLinks, LetTheSelectionBeRestored) {
+    tree.File("here/a").File("here/b").File("here/c");
+    Session session(Both());
+    session.Press({"Down", "Ins", "Ins", "Ctrl-Shift-F5", "Enter", "Alt-Grey+"});
+    EXPECT_THAT(PanelView(session, 0).Status(), HasSubstr("2 selected files")) << session.Text();
+    EXPECT_EQ(kTagged, PanelView(session, 0).AttributeOf("a"));
+}
+
+TEST_F(MakeLinks, FailWithTheSystemsError) {
+    tree.File("here/a");
+    FaultControl faults(tree.Path());
+    SessionOptions options = Both();
+    options.environment = faults.Environment();
+    Session session(options);
+    ASSERT_TRUE(faults.IsLoaded());
+    const struct {
+        int error;
+        const char* text;
+    } rows[] = {{ENOSPC, "No room for"},
+                {EROFS, "Disk write protected, cannot write"},
+                {EIO, "Error reading disk"},
+                {EPERM, "Operation not permitted (1)"}};
+    session.Press("Down");
+    for (const auto& row : rows) {
+        FaultOrder order;
+        order.fault = faults::Fault::kError;
+        order.error = row.error;
+        order.first = 1;
+        order.calls = faults::BitOf(faults::Call::kSymlink);
+        faults.Arm(order);
+        session.Press({"Ctrl-Shift-F5", "Enter"});
+        EXPECT_TRUE(Shows(session, row.text)) << session.Text();
+        EXPECT_FALSE(tree.Exists("there/a"));
+        session.Press("Enter");  // tries again
+        EXPECT_EQ(tree.PathOf("here/a"), LinkText("there/a"));
+        tree.Remove("there/a");
+    }
 }
 
 TEST_F(MakeLinks, ToOneTaggedFileCountIt) {
