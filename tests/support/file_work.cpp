@@ -10,8 +10,9 @@ namespace zt::headless {
 
 namespace {
 
-constexpr int kRows = 50;
 constexpr int kMostBoxes = 60;
+constexpr std::string_view kTreeQuestion = "Delete tree?";
+constexpr std::string_view kLinkArrow = " \u00BB ";  // between a link and what it points to
 
 dev_t DeviceOf(const std::string& path) {
     struct stat info {};
@@ -22,12 +23,23 @@ bool Has(const std::string& text, std::string_view piece) {
     return text.find(piece) != std::string::npos;
 }
 
+// The question with the field is the one that shows the cursor as the command line does.
+bool IsAtRest(const Session& session) {
+    return session.AtPrompt() && !Has(session.Text(), kTreeQuestion);
+}
+
+// A question with buttons.
+bool HasBox(const Session& session) {
+    const std::string screen = session.Text();
+    return Has(screen, "[ ") || Has(screen, kTreeQuestion);
+}
+
 // The key that answers the box on the screen.
 std::string_view AnswerTo(const std::string& screen, BoxPolicy policy, int boxesBefore) {
-    if (policy == BoxPolicy::kCancel) return "Esc";
+    if (policy == BoxPolicy::kCancel || Has(screen, kTreeQuestion)) return "Esc";
     const bool mayRetry = Has(screen, "Retry");
-    if (policy == BoxPolicy::kRetryOnce && boxesBefore == 0 && mayRetry) return "r";
-    if (Has(screen, "Skip")) return "s";
+    if (policy == BoxPolicy::kRetryOnce && boxesBefore == 0 && mayRetry) return "Alt-r";
+    if (Has(screen, "Skip")) return "Alt-s";
     return boxesBefore > kMostBoxes / 2 ? "Esc" : "Enter";
 }
 
@@ -65,7 +77,7 @@ void WorkPlace::Clear() {
 }
 
 FileWork::FileWork(WorkPlace& where, const std::string& settings) : place(where) {
-    home.File(".ztx/zt.ini", "[General Options]\n" + settings);
+    home.File(".ztx/zt.ini", "[General Options]\nHidden=on\n" + settings);
     faults = std::make_unique<FaultControl>(place.tree.Path());
     StartAgain();
 }
@@ -82,7 +94,6 @@ void FileWork::StartAgain() {
     options.directory = place.From();
     options.arguments = {"-r", place.To()};
     options.environment = faults->Environment();
-    options.rows = kRows;
     session = std::make_unique<Session>(options);
     EXPECT_TRUE(faults->IsLoaded()) << session->StandardError();
 }
@@ -111,12 +122,18 @@ void FileWork::GoTo(size_t number) {
 }
 
 bool FileWork::AnswerBoxes(BoxPolicy policy, std::vector<std::string>* boxes) {
-    for (int i = 0; i < kMostBoxes && !session->AtPrompt() && !session->HasEnded(); i++) {
+    for (int i = 0; i < kMostBoxes; i++) {
+        // The program also sleeps where it waits for another program's lock.
+        const auto ready = [this] {
+            return IsAtRest(*session) || HasBox(*session) || session->HasEnded();
+        };
+        EXPECT_TRUE(session->WaitFor(ready, "a box or the panels"));
+        if (IsAtRest(*session) || session->HasEnded()) break;
         const std::string screen = session->Text();
-        if (boxes) boxes->push_back(screen);
+        if (boxes && (boxes->empty() || boxes->back() != screen)) boxes->push_back(screen);
         Settle(KeyPress(AnswerTo(screen, policy, i)));
     }
-    return session->AtPrompt();
+    return IsAtRest(*session);
 }
 
 WorkReport FileWork::Run(const std::string& trigger, const FaultOrder& order, BoxPolicy policy) {
@@ -131,7 +148,8 @@ WorkReport FileWork::Run(const std::string& trigger, const FaultOrder& order, Bo
     report.hits = faults->Hits();
     if (report.hits > 0) report.hit = faults->NameOf(order.first);
     report.tagged = Tagged();
-    report.panelStands = PanelView(*session, 0).Title() == place.From();
+    report.panelStands = PanelView(*session, 0).Title() == place.From() &&
+                         PanelView(*session, 1).Title() == place.To();
     return report;
 }
 
@@ -152,7 +170,8 @@ std::set<std::string> FileWork::Tagged() const {
     std::set<std::string> out;
     for (const std::string& name : panel.Names()) {
         const uint8_t attribute = panel.AttributeOf(name);
-        if (attribute == kTagged || attribute == kHighlightTagged) out.insert(name);
+        const bool tagged = attribute == kTagged || attribute == kHighlightTagged;
+        if (tagged) out.insert(name.substr(0, name.find(kLinkArrow)));
     }
     return out;
 }

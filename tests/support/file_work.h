@@ -22,13 +22,14 @@ enum class BoxPolicy { kCancel, kSkip, kRetryOnce };
 
 // What happened between the key that begins the work and the panels at rest.
 struct WorkReport {
-    std::vector<std::string> boxes;  // the screen of each box that came up
-    bool finished = false;           // the panels are there again
-    uint32_t seen = 0;               // calls
-    uint32_t hits = 0;               // faults
-    std::string hit;                 // the first call that was hit
-    std::set<std::string> tagged;    // what is tagged afterwards
-    bool panelStands = false;        // the left panel shows "from", so that `tagged` counts
+    std::vector<std::string>
+        boxes;              // the screen of each box that came up; twice the same one counts once
+    bool finished = false;  // the panels are there again
+    uint32_t seen = 0;      // calls
+    uint32_t hits = 0;      // faults
+    std::string hit;        // the first call that was hit
+    std::set<std::string> tagged;  // what is tagged afterwards
+    bool panelStands = false;      // the left panel shows "from", so that `tagged` counts
 };
 
 struct WorkPlace {
@@ -50,7 +51,7 @@ struct WorkPlace {
 
 class FileWork {
 public:
-    // `settings` are lines of the section [General Options].
+    // Hidden files are shown. `settings` are further lines of the section [General Options].
     explicit FileWork(WorkPlace& place, const std::string& settings = "");
     ~FileWork();
 

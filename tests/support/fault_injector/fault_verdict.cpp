@@ -80,11 +80,23 @@ void Append(char* whole, const char* tail) {
     whole[kLongestPath - 1] = '\0';
 }
 
+// What follows "/proc/self/fd/N/" in a path, with N in `descriptor`; null for any other path.
+const char* BehindDescriptor(const char* path, int* descriptor) {
+    constexpr char kPrefix[] = "/proc/self/fd/";
+    if (strncmp(path, kPrefix, sizeof kPrefix - 1) != 0) return nullptr;
+    char* rest = nullptr;
+    const long number = strtol(path + sizeof kPrefix - 1, &rest, 10);
+    if (*rest != '/' || number < 0 || number > INT_MAX) return nullptr;
+    *descriptor = static_cast<int>(number);
+    return rest + 1;
+}
+
 // The path as far as the folder is concerned; false when it lies elsewhere. `whole` has room for
 // kLongestPath bytes.
 bool Locate(int directory, const char* path, char* whole) {
     if (!plan || !path) return false;
     whole[0] = '\0';
+    if (const char* rest = BehindDescriptor(path, &directory)) path = rest;
     if (path[0] == '/') {
         strncpy(whole, path, kLongestPath - 1);
         whole[kLongestPath - 1] = '\0';
