@@ -43,6 +43,8 @@ int MakeTemporary(const Estring& path, Estring& temporary,
     int limit = NAME_MAX;
     for (int n = 0; n < kMostTemporaryNames && result == EEXIST; n++) {
         temporary = directory + TemporaryName(name, n, limit);
+        // A long name may itself be one that the end of another was cut off for.
+        if (std::strcmp(temporary.c_str(), path.c_str()) == 0) continue;
         result = make(temporary.c_str());
         if (result == ENAMETOOLONG && limit > kShortLimit) {
             limit = kShortLimit;
