@@ -195,6 +195,62 @@ TEST_F(CopyErrors, PathsThatAreTooLong) {
     EXPECT_THAT(tree.Names("src"), ElementsAre("a"));
 }
 
+TEST_F(CopyErrors, ADiskWithoutRoom) {
+    tree.File("src/a", std::string(100000, 'x'));
+    Session session(Here());
+    GoToName(session, "a");
+    session.Press("F5");
+    Destination(session, "/dev/full");
+    session.Press("Enter");
+    EXPECT_TRUE(HasBox(
+        session, {"No room for", tree.PathOf("src/a"), "[ Retry ]", "[ Skip ]", "[ Cancel ]"}));
+    session.Type("r");
+    EXPECT_TRUE(HasBox(session, {"No room for"}));
+    session.Press("Esc");
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_EQ(size_t{100000}, tree.Content("src/a").size());
+}
+
+TEST_F(CopyErrors, ALinkToNothingCannotBeFollowed) {
+    tree.Link("src/l", "nothing");
+    Session session(Here());
+    GoToName(session, "l");
+    session.Press({"F5", "Tab"});
+    session.Type(" ");
+    session.Press("Enter");
+    EXPECT_TRUE(HasBox(session, {"File not found", tree.PathOf("src/l")}));
+    session.Press("Enter");
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_TRUE(tree.Names("dst").empty());
+}
+
+TEST_F(CopyErrors, ASocketCannotBeRead) {
+    ASSERT_EQ(0, mknod(tree.PathOf("src/s").c_str(), S_IFSOCK | 0644, 0));
+    Session session(Here());
+    GoToName(session, "s");
+    session.Press({"F5", "Enter"});
+    EXPECT_TRUE(HasBox(session, {"No such device or address (6)", tree.PathOf("src/s")}));
+    session.Type("s");
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_TRUE(tree.Names("dst").empty());
+    // It moves like anything else.
+    session.Press({"F6", "Enter"});
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_TRUE(S_ISSOCK(Look("dst/s").st_mode));
+}
+
+// The boxes name the file with its letters as they are shown elsewhere.
+TEST_F(CopyErrors, BoxesShowNamesOfAnyBytes) {
+    tree.File("src/not\xFFutf8", "new").File("dst/not\xFFutf8", "old");
+    Session session(Here());
+    session.Press({"Down", "F5", "Enter"});
+    EXPECT_TRUE(
+        HasBox(session, {"File already exists, Overwrite?", tree.PathOf("dst/not\xC3\xBFutf8")}));
+    session.Type("y");
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_EQ("new", tree.Content("dst/not\xFFutf8"));
+}
+
 TEST_F(CopyErrors, AFileOverADirectoryAndTheOtherWay) {
     tree.File("src/x", "file").Folder("dst/x").Folder("src/y").File("dst/y", "stays");
     Session session(Here());
@@ -258,6 +314,7 @@ TEST_F(OpenElsewhere, IsAskedAbout) {
                                     "the file to be asked for"));
         GiveBack();
         EXPECT_TRUE(session.WaitForText("File is open for writing, copy anyway?"));
+        EXPECT_TRUE(session.WaitForQuiet());
         EXPECT_TRUE(HasBox(session, {tree.PathOf("src/a"), "[ OK ]", "[ Cancel ]", "[ Skip ]",
                                      "[ All ]", "[ None ]"}));
         if (std::string(row.answer) == "Esc") {

@@ -102,6 +102,7 @@ TEST_F(CopyProgressOnScreen, ShowsNamesCountBarAndTimes) {
     feed.Give(kBlock);
     ASSERT_TRUE(session.WaitFor([&] { return Count(Window(session)[5], "\u2588") == 11; },
                                 "a quarter of the bar"));
+    EXPECT_TRUE(session.WaitForText("  ETA: "));
     rows = Window(session);
     EXPECT_EQ(34, Count(rows[5], "\u2591"));
     EXPECT_THAT(rows[6], StartsWith("Time: 0:"));
@@ -127,7 +128,10 @@ TEST_F(CopyProgressOnScreen, ShowsWhatIsInsideADirectory) {
     Tag(session, {"dir", "second"});
     session.Press({"F5", "Enter"});
     ASSERT_TRUE(session.WaitFor([&] { return feed.Open(); }, "the pipe to be read"));
+    // The rows are painted from above to below, but for the bar.
     EXPECT_TRUE(session.WaitForText("src/dir/sub/feed"));
+    EXPECT_TRUE(session.WaitForText("dst/dir/sub/feed"));
+    EXPECT_TRUE(session.WaitForText("(1 of 2)"));
     const std::vector<std::string> rows = Window(session);
     EXPECT_EQ(tree.PathOf("dst/dir/sub/feed"), rows[3]);
     EXPECT_EQ("(1 of 2)", rows[4]);
