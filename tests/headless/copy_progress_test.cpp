@@ -144,6 +144,32 @@ TEST_F(CopyProgressOnScreen, ShowsWhatIsInsideADirectory) {
     EXPECT_EQ(mode_t{0755}, ModeOf("dst/dir"));
 }
 
+TEST_F(CopyProgressOnScreen, SaysMovingOnTheWayToAnotherFileSystem) {
+    const TreeElsewhere there("/dev/shm");
+    struct stat here {
+    }, elsewhere{};
+    ASSERT_EQ(0, stat(tree.Path().c_str(), &here));
+    ASSERT_EQ(0, stat(there->Path().c_str(), &elsewhere));
+    if (here.st_dev == elsewhere.st_dev) GTEST_SKIP() << "/dev/shm is no file system of its own";
+    Feed feed(tree.PathOf("src/feed"));
+    tree.File("src/second", std::string(kBlock, 's'));
+    SessionOptions options = Here();
+    options.arguments = {"-r", there->Path()};
+    Session session(options);
+    Tag(session, {"feed", "second"});
+    session.Press({"F6", "Enter"});
+    ASSERT_TRUE(session.WaitFor([&] { return feed.Open(); }, "the pipe to be read"));
+    EXPECT_TRUE(session.WaitForText("(1 of 2)"));
+    EXPECT_EQ("Moving", Window(session)[0]);
+    EXPECT_EQ(there->PathOf("feed"), Window(session)[3]);
+    feed.Give(3);
+    feed.End();
+    EXPECT_TRUE(session.WaitForNoText("Moving"));
+    EXPECT_TRUE(session.WaitForQuiet());
+    EXPECT_EQ("xxx", there->Content("feed"));
+    EXPECT_TRUE(tree.Names("src").empty());
+}
+
 // A box stands alone; and the work goes on behind it with the count that it had.
 TEST_F(CopyProgressOnScreen, IsStillBesideAQuestion) {
     tree.File("src/a", std::string(2 * kBlock, 'a')).File("src/b", "new").File("dst/b", "old");
