@@ -68,7 +68,7 @@ void ParsedAnew(benchmark::State& state, const wchar_t* expression) {
 BENCHMARK_CAPTURE(Compiled, everything, "*")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Compiled, mask_and_size, "*.txt & %size>1k")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Compiled, two_stars, "*a*.txt")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Compiled, sets, "*[0-4].{txt,jpeg}")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Compiled, sets, "*[a-n].{txt,jpeg}")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Compiled, age, "%age<7d")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Compiled, date, "%date>6/15/12")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Compiled, owner, "%owner=root")->Unit(benchmark::kMillisecond);

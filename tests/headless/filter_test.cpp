@@ -241,6 +241,37 @@ TEST_F(Filter, TestsDatesOwnersAndAttributes) {
     }
 }
 
+TEST_F(Filter, ReadsDatesAsTheLocaleWritesThem) {
+    tree.Time("a.c", UtcTime(2012, 3, 4, 17)).Time("b.c", UtcTime(2012, 4, 3, 17));
+    const struct {
+        const char* language;
+        const char* expression;
+    } rows[] = {{"en_US.UTF-8", "%date=3/4/12"},
+                {"de_DE.UTF-8", "%date=4.3.2012"},
+                {"sv_SE.UTF-8", "%date=12-03-04"}};
+    for (const auto& row : rows) {
+        SessionOptions options = InHome();
+        options.environment["LANG"] = row.language;
+        Session session(options);
+        Set(session, 0, row.expression);
+        EXPECT_THAT(Names(session, 0), ElementsAre("..", "sub.c", "a.c")) << row.language;
+    }
+}
+
+TEST_F(Filter, TestsWhatTheUserMayDo) {
+    tree.GiveTo(OrdinaryUser()).Mode("a.c", 0400).Mode("b.c", 0700).Mode("c.txt", 0077);
+    home.GiveTo(OrdinaryUser());
+    SessionOptions options = InHome();
+    options.user = OrdinaryUser();
+    Session session(options);
+    Set(session, 0, "%perm=W");
+    EXPECT_THAT(Names(session, 0), ElementsAre("..", "sub.c", "b.c", "d.txt"));
+    Set(session, 0, "%perm=RX");
+    EXPECT_THAT(Names(session, 0), ElementsAre("..", "sub.c", "b.c"));
+    Set(session, 0, "%perm!=R");
+    EXPECT_THAT(Names(session, 0), ElementsAre("..", "sub.c", "c.txt"));
+}
+
 TEST_F(Filter, OfRulesColoursNames) {
     home.File(".ztx/zt.ini",
               "[Colours]\n*.c & %size>1k:bri whi\n*.c:red on bla\n"
