@@ -1,5 +1,6 @@
 #include "commands/shell_launch.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -49,7 +50,18 @@ ProgramStart ShellLaunch::Start() const {
 
 namespace {
 
+// What it writes goes nowhere: it must not keep a display's connection open, nor write into the
+// terminal that this program was started from.
+void LeaveStandardStreams() {
+    const int nowhere = open("/dev/null", O_RDWR);
+    if (nowhere < 0) return;
+    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; fd++)
+        dup2(nowhere, fd);
+    if (nowhere > STDERR_FILENO) close(nowhere);
+}
+
 [[noreturn]] void BecomeProgram(const ProgramStart& start) {
+    LeaveStandardStreams();
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);

@@ -1,6 +1,7 @@
 // Typed commands: where they run, what of them is seen, what they change.
 #include <fstream>
 
+#include "tests/support/command_runs.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -20,28 +21,6 @@ protected:
         options.environment["SHELL"] = "/bin/sh";
         return options;
     }
-    static void Run(Session& session, std::string_view command) {
-        session.Type(command);
-        session.Press("Enter");
-    }
-    // Starts a program that goes on until the test has done with it.
-    static testing::AssertionResult Start(Session& session, std::string_view command,
-                                          std::string_view sign) {
-        session.Type(command);
-        session.Send(KeyPress("Enter"));
-        return session.WaitForText(sign);
-    }
-    testing::AssertionResult HasEnded(Session& session) {
-        const std::string title = "Zanthe: " + tree.Path();
-        return session.WaitFor([&] { return session.Title() == title; }, "the panels' title");
-    }
-    // What is behind the panels.
-    static std::string Behind(Session& session) {
-        session.Press("Ctrl-o");
-        const std::string text = session.Text();
-        session.Press("Ctrl-o");
-        return text;
-    }
     testing::AssertionResult Appears(Session& session, const std::string& name) {
         return session.WaitFor([&] { return tree.Exists(name); }, name.c_str());
     }
@@ -53,9 +32,9 @@ protected:
 
 TEST_F(RunningPrograms, LeaveTheirOutputBehindThePanels) {
     Session session(InTree());
-    Run(session, "echo one; echo two");
+    RunTyped(session, "echo one; echo two");
     EXPECT_THAT(session.Text(), Not(HasSubstr("two\n")));
-    EXPECT_THAT(Behind(session), HasSubstr(">echo one; echo two\none\ntwo\n"));
+    EXPECT_THAT(BehindThePanels(session), HasSubstr(">echo one; echo two\none\ntwo\n"));
     EXPECT_TRUE(PanelView(session, 0).IsShown());
     EXPECT_TRUE(PanelView(session, 1).IsShown());
     EXPECT_TRUE(session.AtPrompt());
@@ -63,16 +42,16 @@ TEST_F(RunningPrograms, LeaveTheirOutputBehindThePanels) {
 
 TEST_F(RunningPrograms, BeginOnALineOfTheirOwn) {
     Session session(InTree());
-    Run(session, "printf open");
-    Run(session, "echo next");
-    EXPECT_THAT(Behind(session), HasSubstr("\nopen\n"));
-    EXPECT_THAT(Behind(session), HasSubstr(">echo next\nnext\n"));
+    RunTyped(session, "printf open");
+    RunTyped(session, "echo next");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\nopen\n"));
+    EXPECT_THAT(BehindThePanels(session), HasSubstr(">echo next\nnext\n"));
 }
 
 TEST_F(RunningPrograms, MakeThePanelsReadAgain) {
     Session session(InTree());
     EXPECT_THAT(PanelView(session, 0).Names(), ElementsAre(".."));
-    Run(session, "touch made");
+    RunTyped(session, "touch made");
     EXPECT_THAT(PanelView(session, 0).Names(), ElementsAre("..", "made"));
     EXPECT_THAT(PanelView(session, 1).Names(), ElementsAre("..", "made"));
 }
@@ -82,23 +61,23 @@ TEST_F(RunningPrograms, WorkInThePanelsDirectory) {
     SessionOptions options = InTree();
     options.arguments = {"-l", tree.PathOf("left"), "-r", tree.PathOf("right")};
     Session session(options);
-    Run(session, "touch 1");
+    RunTyped(session, "touch 1");
     session.Press("Tab");
-    Run(session, "touch 2");
+    RunTyped(session, "touch 2");
     EXPECT_THAT(tree.Names("left"), ElementsAre("1"));
     EXPECT_THAT(tree.Names("right"), ElementsAre("2"));
 }
 
 TEST_F(RunningPrograms, ArePromptedByThePathOrItsBeginning) {
     Session session(InTree());
-    Run(session, "echo x");
-    EXPECT_THAT(Behind(session), HasSubstr("\n" + tree.Path() + ">echo x\nx\n"));
+    RunTyped(session, "echo x");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\n" + tree.Path() + ">echo x\nx\n"));
     home.File("off.ini", "[General Options]\nPathPrompt=off\n");
     SessionOptions options = InTree();
     options.arguments = {home.PathOf("off.ini")};
     Session brief(options);
-    Run(brief, "echo x");
-    EXPECT_THAT(Behind(brief), HasSubstr("\n/t>echo x\nx\n"));
+    RunTyped(brief, "echo x");
+    EXPECT_THAT(BehindThePanels(brief), HasSubstr("\n/t>echo x\nx\n"));
 }
 
 TEST_F(RunningPrograms, HaveATerminalOfTheScreensSize) {
@@ -106,54 +85,56 @@ TEST_F(RunningPrograms, HaveATerminalOfTheScreensSize) {
     options.columns = 100;
     options.rows = 30;
     Session session(options);
-    Run(session, "stty size; tty; echo $TERM");
-    EXPECT_THAT(Behind(session), testing::ContainsRegex("\n30 100\n/dev/pts/[0-9]+\nxterm\n"));
+    RunTyped(session, "stty size; tty; echo $TERM");
+    EXPECT_THAT(BehindThePanels(session),
+                testing::ContainsRegex("\n30 100\n/dev/pts/[0-9]+\nxterm\n"));
 }
 
 TEST_F(RunningPrograms, TakeWhatIsTyped) {
     Session session(InTree());
-    ASSERT_TRUE(Start(session, "printf 'Name%s' '? '; read name; echo Hello, $name.", "Name?"));
+    ASSERT_TRUE(
+        StartTyped(session, "printf 'Name%s' '? '; read name; echo Hello, $name.", "Name?"));
     EXPECT_EQ(session.Title(), "Zanthe: printf 'Name%s' '? '; read name; echo Hello, $name.");
     session.Type("J\xC3\xB6rg");
     session.Press("Enter");
-    ASSERT_TRUE(HasEnded(session));
-    EXPECT_THAT(Behind(session), HasSubstr("Name? J\xC3\xB6rg\nHello, J\xC3\xB6rg.\n"));
+    ASSERT_TRUE(WaitForPanels(session));
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("Name? J\xC3\xB6rg\nHello, J\xC3\xB6rg.\n"));
     EXPECT_EQ(session.Title(), "Zanthe: " + tree.Path());
 }
 
 TEST_F(RunningPrograms, EndByCtrlC) {
     Session session(InTree());
-    ASSERT_TRUE(Start(session,
-                      "trap 'echo caught; exit' INT; echo 'going'; while :; do sleep 0.01; done",
-                      "going\n"));
+    ASSERT_TRUE(StartTyped(
+        session, "trap 'echo caught; exit' INT; echo 'going'; while :; do sleep 0.01; done",
+        "going\n"));
     session.Press("Ctrl-c");
-    ASSERT_TRUE(HasEnded(session));
-    EXPECT_THAT(Behind(session), HasSubstr("going\n^Ccaught\n"));
-    Run(session, "touch after");
+    ASSERT_TRUE(WaitForPanels(session));
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("going\n^Ccaught\n"));
+    RunTyped(session, "touch after");
     EXPECT_TRUE(tree.Exists("after"));
 }
 
 TEST_F(RunningPrograms, LoseNothingOfALargeOutput) {
     Session session(InTree());
-    Run(session, "seq 30000");
-    EXPECT_THAT(Behind(session), HasSubstr("\n29998\n29999\n30000\n"));
+    RunTyped(session, "seq 30000");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\n29998\n29999\n30000\n"));
 }
 
 TEST_F(RunningPrograms, ThatAreNotThereAreTheShellsBusiness) {
     Session session(InTree());
-    Run(session, "no-such-program-here");
-    EXPECT_THAT(Behind(session), HasSubstr("no-such-program-here: not found"));
+    RunTyped(session, "no-such-program-here");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("no-such-program-here: not found"));
 }
 
 TEST_F(RunningPrograms, RunInTheConsoleByTheirMark) {
     Session session(InTree());
-    Run(session, "# echo marked");
-    EXPECT_THAT(Behind(session), HasSubstr("># echo marked\nmarked\n"));
+    RunTyped(session, "# echo marked");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("># echo marked\nmarked\n"));
 }
 
 TEST_F(RunningPrograms, RunByThemselvesByTheirMark) {
     Session session(InTree());
-    Run(session, "sh -c 'until test -e go; do sleep 0.01; done; touch went' &");
+    RunTyped(session, "sh -c 'until test -e go; do sleep 0.01; done; touch went' &");
     EXPECT_TRUE(session.AtPrompt());
     EXPECT_FALSE(tree.Exists("went"));
     tree.File("go");
@@ -162,9 +143,9 @@ TEST_F(RunningPrograms, RunByThemselvesByTheirMark) {
 
 TEST_F(RunningPrograms, AreHungUpWhenTheDisplayGoesAway) {
     Session session(InTree());
-    ASSERT_TRUE(Start(session,
-                      "trap 'touch hung-up; exit' HUP; echo ready; while :; do sleep 0.01; done",
-                      "ready\n"));
+    ASSERT_TRUE(StartTyped(
+        session, "trap 'touch hung-up; exit' HUP; echo ready; while :; do sleep 0.01; done",
+        "ready\n"));
     session.CloseInput();
     ASSERT_TRUE(session.WaitForEnd());
     for (int i = 0; i < 1000 && !tree.Exists("hung-up"); i++)
@@ -178,7 +159,8 @@ TEST_F(RunningPrograms, AreNotStartedInADirectoryThatIsGone) {
     options.directory = tree.PathOf("gone");
     Session session(options);
     tree.Remove("gone");
-    Run(session, "touch ../made");
+    session.Type("touch ../made");
+    session.Press("Enter");
     EXPECT_TRUE(session.WaitForText("No such file or directory")) << session.Text();
     session.Press("Enter");
     EXPECT_FALSE(tree.Exists("made"));
@@ -187,9 +169,9 @@ TEST_F(RunningPrograms, AreNotStartedInADirectoryThatIsGone) {
 TEST_F(RunningPrograms, AreRememberedOverSessions) {
     {
         Session session(InTree());
-        Run(session, "  echo first  ");
-        Run(session, "echo second");
-        Run(session, "   ");
+        RunTyped(session, "  echo first  ");
+        RunTyped(session, "echo second");
+        RunTyped(session, "   ");
     }
     EXPECT_EQ(History(), "echo first\r\necho second\r\n");
     Session session(InTree());
@@ -204,7 +186,8 @@ TEST_F(RunningPrograms, GetATerminalOfTheirOwnByAltEnter) {
     Session session(options);
     session.Type("ls");
     session.Press("Alt-Enter");
-    EXPECT_THAT(Behind(session), HasSubstr("\nseparate [ls]\n"));
+    ASSERT_TRUE(WaitForPanels(session));
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\nseparate [ls]\n"));
 }
 
 // --- cd ---
@@ -236,7 +219,7 @@ TEST_F(RunningPrograms, CdTakesThePanelAlong) {
         {"cd \\", "/"},
     };
     for (const auto& step : steps) {
-        Run(session, step.command);
+        RunTyped(session, step.command);
         EXPECT_EQ(PanelView(session, 0).Title(), step.path) << step.command << session.Text();
     }
 }
@@ -245,7 +228,7 @@ TEST_F(RunningPrograms, CdPutsTheCursorOnTop) {
     tree.Folder("sub").File("sub/a").File("sub/b");
     Session session(InTree());
     session.Press({"Down"});
-    Run(session, "cd sub");
+    RunTyped(session, "cd sub");
     EXPECT_EQ(PanelView(session, 0).BarName(), "..");
 }
 
@@ -264,14 +247,14 @@ TEST_F(RunningPrograms, CdSaysWhenThereIsNoWay) {
 
 TEST_F(RunningPrograms, CdIsOnlyCd) {
     Session session(InTree());
-    Run(session, "cdrecord-is-no-cd");
-    EXPECT_THAT(Behind(session), HasSubstr("cdrecord-is-no-cd: not found"));
+    RunTyped(session, "cdrecord-is-no-cd");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("cdrecord-is-no-cd: not found"));
 }
 
 TEST_F(RunningPrograms, VcdWithoutItsProgramDoesNothing) {
     Session session(InTree());
     const std::string before = session.Text();
-    Run(session, "vcd sub");
+    RunTyped(session, "vcd sub");
     EXPECT_EQ(session.Text(), before);
 }
 
@@ -282,14 +265,14 @@ TEST_F(RunningPrograms, SetIsSeenByProgramsAndGoesAgain) {
     SessionOptions options = InTree();
     options.arguments = {home.PathOf("own.ini")};
     Session session(options);
-    Run(session, "echo [$FOO]");
-    EXPECT_THAT(Behind(session), HasSubstr("\n[configured]\n"));
-    Run(session, "set FOO=a = b");
-    Run(session, "echo \"[$FOO]\"");
-    EXPECT_THAT(Behind(session), HasSubstr("\n[a = b]\n"));
-    Run(session, "SET FOO=");
-    Run(session, "echo again [$FOO]");
-    EXPECT_THAT(Behind(session), HasSubstr("\nagain [configured]\n"));
+    RunTyped(session, "echo [$FOO]");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\n[configured]\n"));
+    RunTyped(session, "set FOO=a = b");
+    RunTyped(session, "echo \"[$FOO]\"");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\n[a = b]\n"));
+    RunTyped(session, "SET FOO=");
+    RunTyped(session, "echo again [$FOO]");
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("\nagain [configured]\n"));
 }
 
 }  // namespace

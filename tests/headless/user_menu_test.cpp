@@ -1,4 +1,5 @@
 // The user menu: its file, its window, its commands.
+#include "tests/support/command_runs.h"
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
@@ -21,6 +22,7 @@ protected:
     static void Keys(Session& session, std::initializer_list<std::string_view> keys) {
         for (const std::string_view key : keys)
             key.size() == 1 ? session.Type(key) : session.Press(key);
+        EXPECT_TRUE(WaitForPanels(session));
     }
     std::string Written(const std::string& name) { return tree.Content(name); }
 
@@ -43,7 +45,7 @@ TEST_F(UserMenu, RunsTheCommandsOfAnEntry) {
     EXPECT_THAT(session.Text(), HasSubstr(" User  Menu "));
     EXPECT_THAT(session.Text(), HasSubstr("A First"));
     EXPECT_THAT(session.Text(), HasSubstr("B Second"));
-    session.Press("Enter");
+    Keys(session, {"Enter"});
     EXPECT_EQ(Written("out"), "one\ntwo\n");
     EXPECT_THAT(PanelView(session, 0).Names(), ElementsAre("..", "out", "zt.mnu"));
 }
@@ -85,7 +87,7 @@ TEST_F(UserMenu, TheNearestFileUpwardsCounts) {
     Session session(options);
     Keys(session, {"F2", "Enter"});
     EXPECT_TRUE(tree.Exists("a/b/c/out-a"));
-    session.Press({"Shift-F2", "Enter"});
+    Keys(session, {"Shift-F2", "Enter"});
     EXPECT_TRUE(tree.Exists("a/b/c/out-personal"));
     tree.Remove("a/zt.mnu");
     tree.Remove("a/b/c/out-personal");
@@ -105,7 +107,7 @@ TEST_F(UserMenu, ShowsOnlyEntriesWhoseConditionHolds) {
     EXPECT_THAT(session.Text(), HasSubstr("A For C"));
     EXPECT_THAT(session.Text(), HasSubstr("C Always"));
     EXPECT_THAT(session.Text(), Not(HasSubstr("For directories")));
-    session.Press("Enter");
+    Keys(session, {"Enter"});
     EXPECT_THAT(tree.Names(), ElementsAre("out-a", "x.c", "zt.mnu"));
 }
 
@@ -137,7 +139,7 @@ TEST_F(UserMenu, AMenuBehindCommandsIsDropped) {
     session.Press("F2");
     EXPECT_THAT(session.Text(), HasSubstr("B Next"));
     EXPECT_THAT(session.Text(), Not(HasSubstr(":>")));
-    session.Type("a");
+    Keys(session, {"a"});
     EXPECT_EQ(Written("out"), "a\n");
 }
 
@@ -182,7 +184,7 @@ TEST_F(UserMenu, PassesOverWhatIsNoEntry) {
     session.Press("F2");
     EXPECT_THAT(session.Text(), HasSubstr("A Right"));
     EXPECT_THAT(session.Text(), Not(HasSubstr("no such")));
-    session.Press("Enter");
+    Keys(session, {"Enter"});
     EXPECT_EQ(Written("out"), "right\n");
 }
 
@@ -201,12 +203,16 @@ TEST_F(UserMenu, AsksAndStopsAtEsc) {
     tree.File("zt.mnu",
               "A: Ask\n echo before > out\n echo !{What to write:} >> out\n echo after >> out\n");
     Session session(InTree());
-    Keys(session, {"F2", "a"});
-    EXPECT_THAT(session.Text(), HasSubstr("What to write:"));
+    session.Press("F2");
+    session.Type("a");
+    ASSERT_TRUE(session.WaitForText("What to write:"));
     session.Type("words");
-    session.Press("Enter");
+    Keys(session, {"Enter"});
     EXPECT_EQ(Written("out"), "before\nwords\nafter\n");
-    Keys(session, {"F2", "a", "Esc"});
+    session.Press("F2");
+    session.Type("a");
+    ASSERT_TRUE(session.WaitForText("What to write:"));
+    Keys(session, {"Esc"});
     EXPECT_EQ(Written("out"), "before\n");
 }
 
@@ -241,7 +247,7 @@ TEST_F(UserMenu, ScrollsWhenItIsLong) {
     EXPECT_THAT(session.Text(), Not(HasSubstr("R Entry")));
     session.Press({"End"});
     EXPECT_THAT(session.Text(), HasSubstr("Z Entry"));
-    session.Press("Enter");
+    Keys(session, {"Enter"});
     EXPECT_EQ(Written("out"), "25\n");
 }
 
