@@ -211,19 +211,24 @@ int DirectoryTransfer::TransferEntry(const NameList::Name& listed) {
 }
 
 // What somebody has put there meanwhile keeps the directory. What else is still there, a file that
-// the user let stay, is the deletion's to ask about.
+// the user let stay, is the deletion's to ask about. Where nothing is left nothing is asked, so that
+// what appears from now on keeps it as well.
 int DirectoryTransfer::RemoveSource() {
     descriptions_.Close();
     NameList rest;
     const int code = rest.Read(transfer_.sourcePath);
     if (code != kDone) return code;
+    bool isEmpty = true;
     NameList::Name name;
     while (rest.Next(name)) {
+        isEmpty = false;
         if (!names_.Contains(name.bytes)) return ENOTEMPTY;
     }
-    (void)DeleteDirectory(operation_, operation_.panels, transfer_.source, nullptr,
-                          transfer_.progress);
-    return kDone;
+    operation_.deleteTreeDepth += isEmpty;
+    const int removed = DeleteDirectory(operation_, operation_.panels, transfer_.source, nullptr,
+                                        transfer_.progress);
+    operation_.deleteTreeDepth -= isEmpty;
+    return isEmpty && removed == 0 ? kSkipped : kDone;
 }
 
 }  // namespace

@@ -164,6 +164,35 @@ TEST_F(ChangingSource, DoesNotOverwriteWhatAppearsMeanwhile) {
     }
 }
 
+// Whenever it appears, also where nobody is asked about folders that are not empty.
+TEST_F(ChangingSource, KeepsAFileThatAppearsInAFolderThatGoes) {
+    Open("Confirmations=7\n");
+    constexpr uint32_t kMostCalls = 1000;
+    uint32_t number = 1;
+    for (; number < kMostCalls; number++) {
+        place.Clear();
+        tree.File("from/dir/one", "1").File("from/dir/sub/two", "2");
+        Begin("F6", 1);
+        FaultOrder order;
+        order.fault = Fault::kPause;
+        order.first = number;
+        order.untilListed = place.From();
+        if (!work->RunToPause("Enter", order)) break;
+        const bool stood = tree.Exists("from/dir/sub");
+        if (stood) tree.File("from/dir/sub/new", "new");
+        Finish();
+        if (!stood) continue;
+        const bool stays = tree.Exists("from/dir/sub/new");
+        ASSERT_TRUE(stays || tree.Exists("to/dir/sub/new")) << "before call " << number << "\n"
+                                                            << work->Faults().History();
+        EXPECT_EQ("new", tree.Content(stays ? "from/dir/sub/new" : "to/dir/sub/new"));
+        EXPECT_EQ("2", tree.Content(tree.Exists("to/dir/sub/two") ? "to/dir/sub/two"
+                                                                  : "from/dir/sub/two"));
+    }
+    EXPECT_GT(number, 30u);
+    EXPECT_LT(number, kMostCalls);
+}
+
 // The folder that is being deleted is swapped for a link to another one.
 class SwappedFolder : public TwoFolders {};
 
