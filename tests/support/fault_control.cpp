@@ -42,7 +42,8 @@ FaultControl::~FaultControl() {
 }
 
 std::map<std::string, std::string> FaultControl::Environment() const {
-    return {{"LD_PRELOAD", ZT_FAULT_LIBRARY},
+    const char* asked = getenv("ZT_FAULT_LIBRARY");
+    return {{"LD_PRELOAD", asked && *asked ? asked : ZT_FAULT_LIBRARY},
             {faults::kPlanVariable, file},
             {faults::kFolderVariable, folder}};
 }

@@ -29,7 +29,8 @@ public:
     FaultControl(const FaultControl&) = delete;
     FaultControl& operator=(const FaultControl&) = delete;
 
-    // What the program's environment needs beside the rest.
+    // What the program's environment needs beside the rest. ZT_FAULT_LIBRARY names another library
+    // than the one built with the tests, for a program of another build (ZT_REMOTE).
     std::map<std::string, std::string> Environment() const;
     bool IsLoaded() const { return plan->loaded != 0; }
 
