@@ -126,7 +126,10 @@ void ScrollWhileHeld(LoopState& state, const KeyPress& key) {
             (code == kKeyMouse && ScrollZone(record.mouse.row) == zone &&
              (type == MouseType::kLeftMotion || type == MouseType::kRightMotion));
         if (stillHeld) continue;
-        if (code != kKeyMouse) state.carriedKey = code;
+        if (code != kKeyMouse) {
+            state.carriedKey = code;
+            state.carriedRecord = record;
+        }
         break;
     }
     state.drawCursorBar = true;

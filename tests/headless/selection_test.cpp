@@ -319,6 +319,20 @@ TEST_F(Selection, WorksOnNamesOfAnyBytes) {
               Status(session));
 }
 
+TEST_F(Selection, AsksOnAScreenWithoutRoomForTheBox) {
+    for (const auto& [columns, rows] : {std::pair{80, 12}, std::pair{30, 25}, std::pair{24, 8}}) {
+        SessionOptions options = Here("SizeCountPause=on");
+        options.columns = columns;
+        options.rows = rows;
+        Session session(options);
+        session.Press("Grey+");
+        session.Press({"Alt-d", "Enter"});
+        EXPECT_TRUE(session.AtPrompt()) << columns << "x" << rows << "\n" << session.Text();
+        session.Press({"Ctrl-q", "Enter", "Alt-b", "Alt-Right", "Esc", "Ctrl-Grey-"});
+        EXPECT_TRUE(session.AtPrompt()) << columns << "x" << rows << "\n" << session.Text();
+    }
+}
+
 TEST_F(Selection, NeedsAPanelOfFiles) {
     Session session(Here());
     session.Press("Ctrl-o");
