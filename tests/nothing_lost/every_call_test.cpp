@@ -21,6 +21,7 @@ struct FaultKind {
     int error;
     uint32_t calls;
     bool lasting;
+    bool leavesTemporaries;  // what is half written cannot be removed any more
 };
 
 void PrintTo(const FaultKind& kind, std::ostream* out) {
@@ -28,13 +29,16 @@ void PrintTo(const FaultKind& kind, std::ostream* out) {
 }
 
 constexpr FaultKind kFaultKinds[] = {
-    {"IoError", Fault::kError, EIO, faults::kAllCalls, false},
-    {"NoSpace", Fault::kError, ENOSPC, faults::kAllCalls, false},
-    {"NoAccess", Fault::kError, EACCES, faults::kAllCalls, false},
-    {"Interrupted", Fault::kError, EINTR, faults::kAllCalls, false},
-    {"HalfOfIt", Fault::kShort, 0, kData, false},
-    {"FullFromThere", Fault::kError, ENOSPC, BitOf(Call::kWrite) | BitOf(Call::kCopyRange), true},
-    {"UnreadableFromThere", Fault::kError, EIO, BitOf(Call::kRead) | BitOf(Call::kCopyRange), true},
+    {"IoError", Fault::kError, EIO, faults::kAllCalls, false, false},
+    {"NoSpace", Fault::kError, ENOSPC, faults::kAllCalls, false, false},
+    {"NoAccess", Fault::kError, EACCES, faults::kAllCalls, false, false},
+    {"Interrupted", Fault::kError, EINTR, faults::kAllCalls, false, false},
+    {"HalfOfIt", Fault::kShort, 0, kData, false, false},
+    {"FullFromThere", Fault::kError, ENOSPC, BitOf(Call::kWrite) | BitOf(Call::kCopyRange), true,
+     false},
+    {"UnreadableFromThere", Fault::kError, EIO, BitOf(Call::kRead) | BitOf(Call::kCopyRange), true,
+     false},
+    {"DeadFromThere", Fault::kError, EIO, faults::kAllCalls, true, true},
 };
 
 constexpr BoxPolicy kPolicies[] = {BoxPolicy::kSkip, BoxPolicy::kCancel, BoxPolicy::kRetryOnce};
@@ -89,6 +93,7 @@ protected:
         const bool panelItself = report.hit.ends_with(place.From());
         Leniency leniency;
         leniency.rightsAndTimes = call == Call::kMode || call == Call::kTime;
+        leniency.temporaryFiles = Kind().leavesTemporaries;
         leniency.tags = !report.panelStands || panelItself;
         std::string wrong = Complaints(Case(), before, after, report, leniency);
         if (!report.finished) wrong += "the panels did not come back\n";
