@@ -40,6 +40,7 @@ public:
     bool IsDevice() const { return how_ == How::kDevice; }
     // Whether a new file was begun that Abandon takes away.
     bool IsPartial() const { return how_ == How::kBeside; }
+    StdFile& File() { return file_; }
     const Estring& Temporary() const { return temporary_; }
 
 private:
