@@ -8,6 +8,7 @@
 #include "commands/directory_commands.h"
 #include "commands/filter_command.h"
 #include "commands/execute_command.h"
+#include "commands/file_viewing.h"
 #include "commands/history_commands.h"
 #include "commands/line_commands.h"
 #include "commands/make_commands.h"
@@ -96,9 +97,9 @@ constexpr CommandRow kCommands[] = {
     {0x1003D, kNeedsFiles, ViewKey},
     {0x1006A, kNeedsFiles, ViewKey},
     {0x30060, kNeedsFiles, ViewKey},
-    {0x1003E, kNeedsNothing, nullptr},
-    {0x1006B, kNeedsNothing, nullptr},
-    {0x30061, kNeedsNothing, nullptr},
+    {0x1003E, kNeedsNothing, EditKey},
+    {0x1006B, kNeedsNothing, EditKey},
+    {0x30061, kNeedsNothing, EditKey},
     {0x1003F, kNeedsNothing, CopyKey},
     {0x10040, kNeedsNothing, MoveKey},
     {0x10041, kNeedsNoArchive, MakeDirectoryKey},
@@ -155,8 +156,8 @@ constexpr CommandRow kCommands[] = {
     // Shift and function keys
     {0x30052, kNeedsNothing, PasteLine},
     {0x30054, kNeedsNothing, nullptr},
-    {0x30056, kNeedsNothing, nullptr},
-    {0x30057, kNeedsNothing, nullptr},
+    {0x30056, kNeedsNothing, ViewNamedKey},
+    {0x30057, kNeedsNothing, EditNamedKey},
     {0x30058, kNeedsFiles | kNeedsNoArchive, CopyInPlaceKey},
     {0x30059, kNeedsFiles | kNeedsNoArchive, RenameKey},
     {0x3005A, kNeedsNothing, nullptr},
@@ -206,8 +207,8 @@ constexpr CommandRow kCommands[] = {
     {0x10001A, kNeedsNothing, StyleByMenu},
     {0x10001B, kNeedsNothing, StyleByMenu},
     {0x100071, kNeedsFiles | kNeedsNoArchive, ChangeDateKey},
-    {0x1000D0, kNeedsNothing, nullptr},
-    {0x1000D1, kNeedsNothing, nullptr},
+    {0x1000D0, kNeedsNothing, EditAssociations},
+    {0x1000D1, kNeedsNothing, EditUserMenu},
     {0x10012C, kNeedsNothing, ConfigurationDialog},
     {0x10012D, kNeedsNothing, ColoursCommand},
     {0x10012E, kNeedsNothing, ToggleHidden},

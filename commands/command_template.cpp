@@ -22,6 +22,7 @@ bool IsOneOf(wchar_t macro, const wchar_t* macros) {
 }
 
 Westring PathIn(const CPanel& panel, const Westring& name) {
+    if (name[0] == L'/') return name;
     Westring path = panel.path;
     path.AddTrailingSlash();
     return path + name;

@@ -29,16 +29,6 @@ void TellOfFork(int code) {
     MessageBox("Error forking child process", Westring(strerror(code)).c_str(), kBoxOk);
 }
 
-void RunOwn(const RunPlan& plan) {
-    if (!ownTools) return;
-    const Westring path = Unescape(plan.parts.arguments);
-    if (plan.kind == RunKind::kViewer) {
-        ownTools->View(path);
-    } else {
-        ownTools->Edit(path);
-    }
-}
-
 int RunInConsole(const ShellLaunch& launch) {
     const ProgramEnd end = RunProgram(*console, launch.Start());
     if (end.kind == ProgramEndKind::kNotForked) {
@@ -58,9 +48,18 @@ void SetOwnTools(IOwnTools* tools) {
     ownTools = tools;
 }
 
+void ViewByOwnTool(const Westring& path) {
+    if (ownTools) ownTools->View(path);
+}
+
+void EditByOwnTool(const Westring& path) {
+    if (ownTools) ownTools->Edit(path);
+}
+
 int RunPlanned(const RunPlan& plan) {
     if (plan.kind == RunKind::kViewer || plan.kind == RunKind::kEditor) {
-        RunOwn(plan);
+        const Westring path = Unescape(plan.parts.arguments);
+        plan.kind == RunKind::kViewer ? ViewByOwnTool(path) : EditByOwnTool(path);
         return 0;
     }
     const ShellLaunch launch(plan.parts.command);

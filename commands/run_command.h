@@ -26,6 +26,8 @@ public:
     virtual void Edit(const Westring& path) = 0;
 };
 void SetOwnTools(IOwnTools* tools);
+void ViewByOwnTool(const Westring& path);
+void EditByOwnTool(const Westring& path);
 
 // The exit code; -1 for a program that a signal ended, or that had no terminal; 0 for one that runs
 // on by itself. What keeps it from running is told in a box.

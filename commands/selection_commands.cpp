@@ -98,12 +98,6 @@ void DirectorySizesKey(LoopState& state, const KeyPress&) {
     state.drawCursorBar = true;
 }
 
-void ViewKey(LoopState& state, const KeyPress& key) {
-    // A file waits for the viewer.
-    const entry* current = state.Active().Current();
-    if (current && current->IsDirectory()) DirectorySizesKey(state, key);
-}
-
 void PreviousMatchOrTagKey(LoopState& state, const KeyPress&) {
     ToMatchOrTag(state, -1);
 }

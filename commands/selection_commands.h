@@ -16,8 +16,6 @@ void RestoreSelectionKey(LoopState& state, const KeyPress& key);
 
 // Adds up the tagged directories or the one under the cursor bar.
 void DirectorySizesKey(LoopState& state, const KeyPress& key);
-// The same with the cursor bar on a directory.
-void ViewKey(LoopState& state, const KeyPress& key);
 
 // To the previous and the next match of the quick search; without one, tagged entry.
 void PreviousMatchOrTagKey(LoopState& state, const KeyPress& key);

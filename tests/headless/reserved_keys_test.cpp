@@ -12,16 +12,11 @@ constexpr int32_t kReserved[] = {
     0x17,
     // Enter and the function keys, by their modifiers
     0x1003B,
-    0x1003E,
     0x30054,
-    0x30056,
-    0x30057,
     0x3005A,
-    0x30061,
     0x30066,
     0x10068,
     0x10069,
-    0x1006B,
     0x1006C,
     0x1006D,
     0x1006E,
@@ -36,8 +31,6 @@ constexpr int32_t kReserved[] = {
     0x100193,
     0x100016,
     0x100017,
-    0x1000D0,
-    0x1000D1,
 };
 
 constexpr int32_t kMeaningless[] = {
