@@ -282,36 +282,53 @@ TEST_F(Deleting, EndsTheGroupWhenATreeIsRefused) {
     EXPECT_TRUE(IsTagged(session, "dir") && IsTagged(session, "file"));
 }
 
-// The keys of a burst come one behind the other while the walk is on its way, so how far it gets is
-// not known; there are enough files for it not to get to its end.
-TEST_F(Deleting, EndsAtEscBetweenEntries) {
-    constexpr int kFiles = 400;
-    for (int i = 0; i < kFiles; i++)
-        File("f" + std::to_string(1000 + i));
-    Session session(Here(kNoFirst | kNoGroup));
-    session.Press("Down");
-    session.Press("Ins", kFiles);
-    session.Send({*KeyEvent("F8"), *KeyEvent("Esc")});
-    EXPECT_TRUE(session.WaitForQuiet());
-    EXPECT_TRUE(IsOver(session));
-    const std::vector<std::string> left = Names();
+// The second key of a burst comes while the walk is on its way. Where the machine is so busy that
+// the walk gets to its end before that, it is begun again with other files.
+class EscOnTheWay : public DeleteFixture {
+protected:
+    static constexpr int kRounds = 20;
+
+    static void Burst(Session& session, const char* first) {
+        session.Send({*KeyEvent(first), *KeyEvent("Esc")});
+        EXPECT_TRUE(session.WaitForQuiet());
+        EXPECT_TRUE(IsOver(session));
+    }
+};
+
+TEST_F(EscOnTheWay, EndsTheGroup) {
+    constexpr int kFiles = 300;
+    std::vector<std::string> left;
+    for (int round = 0; round < kRounds && left.empty(); round++) {
+        for (int i = 0; i < kFiles; i++)
+            File("f" + std::to_string(1000 + i));
+        Session session(Here(kNoFirst | kNoGroup));
+        session.Press("Down");
+        session.Press("Ins", kFiles);
+        Burst(session, "F8");
+        left = Names();
+        if (left.empty()) continue;
+        EXPECT_THAT(PanelView(session, 0).Status(),
+                    testing::HasSubstr(" " + std::to_string(left.size()) + " selected file"));
+    }
     EXPECT_FALSE(left.empty());
-    EXPECT_THAT(PanelView(session, 0).Status(),
-                testing::HasSubstr(std::to_string(left.size()) + " selected file"));
 }
 
-TEST_F(Deleting, EndsAtEscInsideATree) {
-    for (int i = 0; i < 3000; i++)
-        tree.File("top/dir/f" + std::to_string(i));
-    Session session(Here(kNoFirst | kNoWord));
-    GoToName(session, "dir");
-    session.Press("F8");
-    EXPECT_TRUE(Shows(session, "Delete tree?"));
-    session.Send({*KeyEvent("Enter"), *KeyEvent("Esc")});
-    EXPECT_TRUE(session.WaitForQuiet());
-    EXPECT_TRUE(IsOver(session));
-    ASSERT_TRUE(Exists("dir"));
-    EXPECT_FALSE(Names("dir").empty());
+TEST_F(EscOnTheWay, EndsATree) {
+    bool isLeft = false;
+    for (int round = 0; round < kRounds && !isLeft; round++) {
+        for (int i = 0; i < 1000; i++)
+            tree.File("top/dir/f" + std::to_string(i));
+        Session session(Here(kNoFirst | kNoWord));
+        GoToName(session, "dir");
+        session.Press("F8");
+        EXPECT_TRUE(Shows(session, "Delete tree?"));
+        Burst(session, "Enter");
+        isLeft = Exists("dir");
+        if (isLeft) {
+            EXPECT_FALSE(Names("dir").empty());
+        }
+    }
+    EXPECT_TRUE(isLeft);
 }
 
 TEST_F(Deleting, RemovesDescriptionsWithTheirFiles) {
