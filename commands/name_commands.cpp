@@ -52,10 +52,10 @@ void InsertName(LoopState& state, const entry& current) {
     const LineWord word = WordBefore(state.line);
     if (!word.text.IsEmpty() && word.text[word.text.Length() - 1] == L'/') {
         state.line.Replace(word.start, state.line.Position(),
-                           ShellEscape(word.text + current.name));
+                           ShellWord(word.text + current.name));
         return;
     }
-    Westring name = ShellEscape(current.name);
+    Westring name = ShellWord(current.name);
     if (name[name.Length() - 1] != L'/') name += L' ';
     if (state.line.Text().Length() + name.Length() < CommandLine::kMaxLength) {
         state.line.Insert(name);
@@ -72,7 +72,7 @@ void InsertFullPath(LoopState& state, const KeyPress& key) {
         console->SetClipboardText(ShownText(path));
         return;
     }
-    state.line.Insert(ShellEscape(path));
+    state.line.Insert(ShellWord(path));
     state.drawLine = kDrawCommandLine;
 }
 

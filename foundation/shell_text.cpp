@@ -5,6 +5,7 @@ namespace zt {
 namespace {
 
 constexpr wchar_t kSpecial[] = L" !$~`[]{}()\\'\"<>&|;#";
+constexpr wchar_t kPatterns[] = L"*?^";
 
 Westring Quoted(const Westring& text) {
     Westring quoted = L"'";
@@ -18,30 +19,27 @@ Westring Quoted(const Westring& text) {
     return quoted + L"'";
 }
 
-bool NeedsQuotes(const Westring& text) {
+// A backslash before each character of `special`; what no backslash protects goes into quotes.
+Westring Escape(const Westring& text, const Westring& special, bool quoteControls) {
+    Westring escaped(text.Length());
     for (int i = 0; i < text.Length(); i++) {
         const wchar_t ch = text[i];
-        if (ch < L' ' || ch == 0x7F || ch == L'*' || ch == L'?' || ch == L'^') return true;
+        const bool isControl = ch < L' ' || ch == 0x7F;
+        if (ch == L'\n' || (isControl && quoteControls)) return Quoted(text);
+        if (special.Find(ch) >= 0) escaped += L'\\';
+        escaped += ch;
     }
-    return false;
+    return escaped;
 }
 
 }  // namespace
 
 Westring ShellEscape(const Westring& text) {
-    if (text.Find(L'\n') >= 0) return Quoted(text);
-    Westring escaped(text.Length());
-    const Westring special = kSpecial;
-    for (int i = 0; i < text.Length(); i++) {
-        if (special.Find(text[i]) >= 0) escaped += L'\\';
-        escaped += static_cast<wchar_t>(text[i]);
-    }
-    return escaped;
+    return Escape(text, kSpecial, false);
 }
 
 Westring ShellWord(const Westring& name) {
-    const Westring text = name[0] == L'-' ? L"./" + name : name;
-    return NeedsQuotes(text) ? Quoted(text) : ShellEscape(text);
+    return Escape(name[0] == L'-' ? L"./" + name : name, Westring(kSpecial) + kPatterns, true);
 }
 
 }  // namespace zt

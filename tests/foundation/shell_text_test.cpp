@@ -45,7 +45,7 @@ TEST(ShellWord, LetsNoPatternAndNoOptionThrough) {
                   AsTheShellTakes(ShellWord(text)));
     }
     EXPECT_STREQ(L"./-rf", ShellWord(L"-rf").c_str());
-    EXPECT_STREQ(L"'./-*'", ShellWord(L"-*").c_str());
+    EXPECT_STREQ(L"./-\\*", ShellWord(L"-*").c_str());
     EXPECT_STREQ(L"", ShellWord(L"").c_str());
 }
 
