@@ -22,6 +22,7 @@ constexpr int kOpenAttempts = 100;
 constexpr useconds_t kOpenPauseMicroseconds = 50'000;
 constexpr int kLockAttempts = 100;
 constexpr useconds_t kLockPauseMicroseconds = 10'000;
+constexpr int kUnlinkAttempts = 2;
 constexpr off_t kMostBytes = 64 << 20;  // a longer file is none of descriptions
 constexpr mode_t kNewFileMode = 0664;
 
@@ -73,8 +74,9 @@ int OpenForReading(const Folder& folder) {
     Descriptor file(openat(folder.descriptor, path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file < 0) return -1;
     struct stat found;
-    if (fstat(file, &found) == 0 && S_ISREG(found.st_mode)) return file.Release();
-    errno = ENOENT;
+    if (fstat(file, &found) != 0) return -1;
+    if (S_ISREG(found.st_mode)) return file.Release();
+    errno = EINVAL;  // ENOENT would say that there is nothing to keep
     return -1;
 }
 
@@ -114,7 +116,11 @@ public:
     explicit Replacement(const Folder& folder)
         : folder_(folder), path_(folder.PathOf(kTemporaryName)) {}
     ~Replacement() {
-        if (file_ >= 0 && !isRenamed_) unlinkat(folder_.descriptor, path_.c_str(), 0);
+        if (file_ < 0 || isRenamed_) return;
+        // What is left over would keep its directory from going: one failure is not the end.
+        for (int i = 0; i < kUnlinkAttempts; i++) {
+            if (unlinkat(folder_.descriptor, path_.c_str(), 0) == 0 || errno == ENOENT) break;
+        }
     }
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
