@@ -32,7 +32,7 @@ protected:
         EXPECT_EQ("", wrong) << "before call " << number << "\n"
                              << Differences(before, after) << session.Faults().History()
                              << session.Screen().Text();
-        stopped += after == before;
+        stopped += !report.tagged.empty();
         session.StartAgain();
         return true;
     }
@@ -49,7 +49,7 @@ TEST_P(EscAtEachCall, LeavesTheRestAsItWas) {
     for (; number < kMostCalls && !HasFailure(); number += stride) {
         if (!Round(session, number)) break;
     }
-    EXPECT_GT(number, 20u);
+    EXPECT_GT(number, 10u);
     EXPECT_GT(stopped, 0) << "no Esc came in time";
 }
 
