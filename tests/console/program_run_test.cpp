@@ -59,12 +59,13 @@ protected:
         }
         return true;
     }
+    bool Shows(const std::string& text) {
+        for (int row = 0; row < 12; row++)
+            if (console.RowText(row).find(text) != std::string::npos) return true;
+        return false;
+    }
     bool WaitForText(const std::string& text) {
-        return WaitFor([&] {
-            for (int row = 0; row < 12; row++)
-                if (console.RowText(row).find(text) != std::string::npos) return true;
-            return false;
-        });
+        return WaitFor([&] { return Shows(text); });
     }
     void Type(const std::string& text) {
         for (const char ch : text)
@@ -252,21 +253,26 @@ TEST_F(ProgramRun, CtrlCInterrupts) {
 }
 
 TEST_F(ProgramRun, AShellControlsItsJobs) {
+    std::atomic<bool> hasEnded{false};
     std::thread user([&] {
         EXPECT_TRUE(WaitForText("$"));
-        Type("sleep 1000\r");
-        EXPECT_TRUE(WaitForText("sleep 1000"));
+        Type("echo u''p; sleep 1000\r");
+        EXPECT_TRUE(WaitForText("up"));
         // The key means nothing to the program before it runs in front.
         EXPECT_TRUE(WaitFor([&] {
             console.GiveKeyToSink(26, 0, 0);
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            for (int row = 0; row < 12; row++)
-                if (console.RowText(row).find("Stopped") != std::string::npos) return true;
-            return false;
+            return Shows("Stopped");
         }));
-        Type("jobs | wc -l; kill %1; exit 5\r");
+        // The shell throws away what is typed before it has the terminal back.
+        EXPECT_TRUE(WaitFor([&] {
+            Type("kill -KILL %1; wait; exit 5\r");
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            return hasEnded.load();
+        }));
     });
     const ProgramEnd end = Run({"/bin/bash", "--norc", "--noprofile", "--noediting", "-i"});
+    hasEnded = true;
     user.join();
     EXPECT_EQ(end.Status(), 5);
 }
