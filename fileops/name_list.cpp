@@ -6,6 +6,9 @@
 #include <cerrno>
 #include <cstring>
 
+#include <string_view>
+#include <unordered_set>
+
 namespace zt {
 
 namespace {
@@ -47,11 +50,18 @@ bool NameList::Next(Name& name) {
     return true;
 }
 
-bool NameList::Contains(std::string_view name) const {
-    for (size_t at = 0; at < names_.size(); at += std::strlen(&names_[at + 1]) + 2) {
-        if (name == &names_[at + 1]) return true;
+bool NameList::IsPartOf(NameList& other) {
+    if (names_.empty()) return true;
+    std::unordered_set<std::string_view> known;
+    Name name;
+    other.Rewind();
+    while (other.Next(name))
+        known.insert(name.bytes);
+    Rewind();
+    while (Next(name)) {
+        if (known.count(name.bytes) == 0) return false;
     }
-    return false;
+    return true;
 }
 
 }  // namespace zt

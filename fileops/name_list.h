@@ -2,7 +2,8 @@
 // meanwhile, however deep the tree, and does not meet what he puts there himself. Any thread.
 #pragma once
 
-#include <string_view>
+#include <cstddef>
+
 #include <vector>
 
 #include "foundation/estring.h"
@@ -22,7 +23,9 @@ public:
     // Walks the names in the order of the disk: false at the end.
     bool Next(Name& name);
     void Rewind() { at_ = 0; }
-    bool Contains(std::string_view name) const;
+    bool IsEmpty() const { return names_.empty(); }
+    // Whether every name of this list is in `other` as well.
+    bool IsPartOf(NameList& other);
 
 private:
     std::vector<char> names_;  // a type, the bytes, a zero; and the next

@@ -211,19 +211,15 @@ int DirectoryTransfer::TransferEntry(const NameList::Name& listed) {
 }
 
 // What somebody has put there meanwhile keeps the directory. What else is still there, a file that
-// the user let stay, is the deletion's to ask about. Where nothing is left nothing is asked, so that
-// what appears from now on keeps it as well.
+// the user let stay, is the deletion's to ask about. Where nothing is left nothing is asked, so
+// that what appears from now on keeps it as well.
 int DirectoryTransfer::RemoveSource() {
     descriptions_.Close();
     NameList rest;
     const int code = rest.Read(transfer_.sourcePath);
     if (code != kDone) return code;
-    bool isEmpty = true;
-    NameList::Name name;
-    while (rest.Next(name)) {
-        isEmpty = false;
-        if (!names_.Contains(name.bytes)) return ENOTEMPTY;
-    }
+    const bool isEmpty = rest.IsEmpty();
+    if (!rest.IsPartOf(names_)) return ENOTEMPTY;
     operation_.deleteTreeDepth += isEmpty;
     const int removed = DeleteDirectory(operation_, operation_.panels, transfer_.source, nullptr,
                                         transfer_.progress);
