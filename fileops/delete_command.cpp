@@ -11,6 +11,7 @@
 #include "fileops/command_targets.h"
 #include "fileops/delete_dialog.h"
 #include "fileops/delete_object.h"
+#include "fileops/raw_listing.h"
 #include "fileops/screen_user.h"
 #include "foundation/file_name.h"
 #include "foundation/settings.h"
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int kFirstUnasked = 1, kGroupUnasked = 2;  // bits of settings.confirmations
 constexpr int kDriveCharacters = 3;
+constexpr int kManyTagged = 1000;
 
 // The places that an undelete tool watches, if one is there.
 bool OffersUndelete(const CPanel& panel) {
@@ -85,7 +87,9 @@ public:
         : operation_(operation),
           panel_(panel),
           directory_(open(NameToBytes(panel.path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
-          removals_(directory_ >= 0 && HasDescriptions(directory_)) {}
+          removals_(directory_ >= 0 && HasDescriptions(directory_)) {
+        if (panel.taggedCount >= kManyTagged) BringListToMemory();
+    }
     ~GroupDeletion() {
         if (directory_ >= 0) close(directory_);
     }
@@ -103,6 +107,14 @@ public:
     bool HadDirectory() const { return hadDirectory_; }
 
 private:
+    // Looking names up one by one reads a large directory in no order; reading it through is quick,
+    // and costs next to nothing where it is in memory anyway.
+    void BringListToMemory() {
+        const int list = openat(directory_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (list < 0) return;
+        static_cast<void>(RawListing().Read(list));
+        close(list);
+    }
     int Delete(const entry& item) {
         const Westring path = PathInDirectory(panel_.path, item.name);
         if (IsRealDirectory(item)) {

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace zt {
@@ -22,15 +23,31 @@ bool RawListing::Read(int directory) {
     std::vector<char> block(kBlockBytes);
     for (bool isFirst = true;; isFirst = false) {
         const ssize_t got = getdents64(directory, block.data(), block.size());
-        if (got <= 0) return got == 0 || !isFirst;
+        if (got <= 0) {
+            if (inodes_.size() > kSortedFrom) SortByInode();
+            inodes_ = {};
+            return got == 0 || !isFirst;
+        }
         for (ssize_t at = 0; at < got;) {
             const auto* listed = reinterpret_cast<const dirent64*>(block.data() + at);
             at += listed->d_reclen;
             if (IsItselfOrParent(listed->d_name)) continue;
+            inodes_.emplace_back(listed->d_ino, rows_.size());
             rows_.push_back(static_cast<char>(listed->d_type));
             rows_.insert(rows_.end(), listed->d_name, listed->d_name + strlen(listed->d_name) + 1);
         }
     }
+}
+
+void RawListing::SortByInode() {
+    std::sort(inodes_.begin(), inodes_.end());
+    std::vector<char> sorted;
+    sorted.reserve(rows_.size());
+    for (const auto& [inode, place] : inodes_) {
+        const char* row = rows_.data() + place;
+        sorted.insert(sorted.end(), row, row + strlen(row + 1) + 2);
+    }
+    rows_ = std::move(sorted);
 }
 
 bool RawListing::Has(const char* name) const {

@@ -4,6 +4,8 @@
 #include <pthread.h>
 #include <sys/resource.h>
 
+#include "fileops/raw_listing.h"
+
 namespace zt {
 namespace {
 
@@ -351,6 +353,22 @@ TEST_F(DeletingATree, KeepsTheDescriptionsOfWhatStaysWhenStopped) {
     }
     EXPECT_EQ(7u, left.size());
     EXPECT_EQ(hasFile ? expected : "not there", Content("a/descript.ion"));
+}
+
+// --- A large directory ---
+
+TEST_F(DeletingATree, TakesEachEntryOfALargeDirectoryOnce) {
+    constexpr size_t kFiles = RawListing::kSortedFrom + 500;
+    tree.Folder("a");
+    tree.Folder("a/sub");
+    for (size_t i = 0; i < kFiles; i++)
+        tree.File("a/" + std::to_string(i * 7919 % kFiles));
+    user.notesShows = false;
+    user.onPoll = [&] { polls++; };
+    EXPECT_EQ(1, Directory("a"));
+    EXPECT_EQ(kFiles + 1, static_cast<size_t>(polls));
+    EXPECT_THAT(Names(), IsEmpty());
+    EXPECT_THAT(user.Questions(), ElementsAre("tree a"));
 }
 
 // --- Names ---
