@@ -26,7 +26,7 @@ TEST_F(BesideThePainter, CopiesAndMovesArriveWhole) {
         Screen().Press("Alt-a");
         FaultOrder order;
         order.fault = Fault::kPause;
-        order.calls = BitOf(Call::kRead);
+        order.calls = BitOf(Call::kRead) | BitOf(Call::kCopyRange);
         order.ending = "/from/large";
         order.first = 100;
         order.untilListed = place.From();

@@ -23,7 +23,8 @@ protected:
         Begin(key, tree.Names("from").size());
         FaultOrder order;
         order.fault = Fault::kPause;
-        order.calls = BitOf(call);
+        // Where the system can it moves the blocks itself.
+        order.calls = call == Call::kRead ? BitOf(call) | BitOf(Call::kCopyRange) : BitOf(call);
         order.ending = ending;
         order.first = nth;
         return work->RunToPause("Enter", order);

@@ -33,12 +33,6 @@ constexpr Way kWays[] = {
 
 class Descriptions : public testing::TestWithParam<Way> {
 protected:
-    void SetUp() override {
-        if (GetParam().place == Kind::kTwoFileSystems && !place.HasTwoFileSystems()) {
-            GTEST_SKIP() << place.Reason();
-        }
-    }
-
     void Build() {
         place.Clear();
         place.tree.File("from/a", "a").File("from/b c", "bc").File("from/dir/x", "x");

@@ -115,9 +115,6 @@ protected:
 };
 
 TEST_P(EveryCall, LosesNothing) {
-    if (Case().place == WorkPlace::Kind::kTwoFileSystems && !place.HasTwoFileSystems()) {
-        GTEST_SKIP() << "two file systems are needed: " << place.Reason();
-    }
     FileWork session(place, SettingsOf(Case()));
     FaultOrder counting;
     counting.calls = Kind().calls;

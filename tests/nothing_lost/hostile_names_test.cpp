@@ -19,12 +19,6 @@ std::string ContentOf(const std::string& name) {
 
 class HostileFiles : public testing::TestWithParam<Kind> {
 protected:
-    void SetUp() override {
-        if (GetParam() == Kind::kTwoFileSystems && !place.HasTwoFileSystems()) {
-            GTEST_SKIP() << place.Reason();
-        }
-    }
-
     void MakeFiles(const std::string& folder) {
         time_t time = UtcTime(2010, 1, 1);
         for (const std::string& name : HostileNames(kNames)) {

@@ -19,7 +19,6 @@ constexpr Leniency kAfterAKill{.rightsAndTimes = false, .temporaryFiles = true, 
 
 class Killed : public testing::Test {
 protected:
-    // Two folders of one file system where there cannot be two: the move is then by names only.
     explicit Killed() : place(kTwo) {}
 
     void Begin(const WorkCase& work) {
@@ -61,13 +60,12 @@ protected:
     }
 
     WorkPlace place;
-    FaultControl control{place.tree.Path()};
+    FaultControl control{place.tree.Path(), place.Apart()};
     TreeSnapshot before;
     std::unique_ptr<Session> session;
 };
 
 TEST_F(Killed, BeforeEachCallLosesNothing) {
-    if (!place.HasTwoFileSystems()) GTEST_SKIP() << place.Reason();
     const WorkCase& work = kCases[1];
     const uint32_t calls = CallsOf(work);
     ASSERT_GT(calls, 30u);

@@ -161,7 +161,7 @@ void BuildTrees(WorkPlace& place, const WorkCase& work) {
     FileTree& tree = place.tree;
     tree.File("from/big", Pattern(40000, 'b')).File("from/small", Pattern(700, 's'));
     tree.File("from/dir/one", Pattern(300, '1')).File("from/dir/sub/two", Pattern(5000, '2'));
-    tree.Link("from/link", "big").Mode("from/small", 0600).Mode("from/dir/one", 0444);
+    tree.Link("from/link", "big").Mode("from/small", 0600).Mode("from/dir/one", 0640);
     time_t time = UtcTime(2001, 2, 3);
     for (const char* name : {"big", "small", "dir/one", "dir/sub/two", "link"}) {
         tree.Time(std::string("from/") + name, time += 1000);

@@ -17,8 +17,8 @@ namespace zt::headless {
 
 using faults::FaultPlan;
 
-FaultControl::FaultControl(const std::string& where)
-    : folder(where), file("/tmp/zt-faults-XXXXXX") {
+FaultControl::FaultControl(const std::string& where, const std::string& separate)
+    : folder(where), apart(separate), file("/tmp/zt-faults-XXXXXX") {
     static_assert(sizeof(FaultPlan) < 1u << 20);
     const int descriptor = mkstemp(file.data());
     // The program may run as another user.
@@ -43,9 +43,12 @@ FaultControl::~FaultControl() {
 
 std::map<std::string, std::string> FaultControl::Environment() const {
     const char* asked = getenv("ZT_FAULT_LIBRARY");
-    return {{"LD_PRELOAD", asked && *asked ? asked : ZT_FAULT_LIBRARY},
-            {faults::kPlanVariable, file},
-            {faults::kFolderVariable, folder}};
+    std::map<std::string, std::string> all = {
+        {"LD_PRELOAD", asked && *asked ? asked : ZT_FAULT_LIBRARY},
+        {faults::kPlanVariable, file},
+        {faults::kFolderVariable, folder}};
+    if (!apart.empty()) all[faults::kApartVariable] = apart;
+    return all;
 }
 
 void FaultControl::Arm(const FaultOrder& order) {

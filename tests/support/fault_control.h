@@ -23,7 +23,8 @@ struct FaultOrder {
 class FaultControl {
 public:
     // Calls below `folder` (an absolute path without links) will count.
-    explicit FaultControl(const std::string& folder);
+    // `apart`, if given, is to seem a file system of its own as far as renaming goes.
+    explicit FaultControl(const std::string& folder, const std::string& apart = "");
     ~FaultControl();
 
     FaultControl(const FaultControl&) = delete;
@@ -56,6 +57,7 @@ private:
     uint32_t Recorded() const;
 
     std::string folder;
+    std::string apart;
     std::string file;
     faults::FaultPlan* plan;
 };

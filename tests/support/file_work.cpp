@@ -1,8 +1,6 @@
 // Running work on files under faults.
 #include "tests/support/file_work.h"
 
-#include <sys/stat.h>
-#include <filesystem>
 
 #include "tests/support/panel_view.h"
 
@@ -13,11 +11,6 @@ namespace {
 constexpr int kMostBoxes = 60;
 constexpr std::string_view kTreeQuestion = "Delete tree?";
 constexpr std::string_view kLinkArrow = " \u00BB ";  // between a link and what it points to
-
-dev_t DeviceOf(const std::string& path) {
-    struct stat info {};
-    return stat(path.c_str(), &info) == 0 ? info.st_dev : 0;
-}
 
 bool Has(const std::string& text, std::string_view piece) {
     return text.find(piece) != std::string::npos;
@@ -62,11 +55,8 @@ WorkPlace::WorkPlace(Kind kind, uint64_t bytes) {
     if (kind == Kind::kTwoFileSystems) {
         systems.push_back(std::make_unique<SmallFileSystem>(From(), bytes));
         systems.push_back(std::make_unique<SmallFileSystem>(To(), bytes));
+        isSimulated = !IsMounted();
     }
-}
-
-bool WorkPlace::HasTwoFileSystems() const {
-    return DeviceOf(From()) != DeviceOf(To());
 }
 
 void WorkPlace::Clear() {
@@ -78,7 +68,7 @@ void WorkPlace::Clear() {
 
 FileWork::FileWork(WorkPlace& where, const std::string& settings) : place(where) {
     home.File(".ztx/zt.ini", "[General Options]\nHidden=on\n" + settings);
-    faults = std::make_unique<FaultControl>(place.tree.Path());
+    faults = std::make_unique<FaultControl>(place.tree.Path(), place.Apart());
     StartAgain();
 }
 

@@ -35,18 +35,23 @@ struct WorkReport {
 struct WorkPlace {
     enum class Kind { kOneFileSystem, kTwoFileSystems };
 
-    // Two file systems where that can be had; Reason() tells why not, and both folders lie on one.
+    // Two file systems; where nothing can be mounted (Reason() tells why) the injector makes the
+    // folders seem so.
     explicit WorkPlace(Kind kind, uint64_t bytes = 32u << 20);
 
     std::string From() const { return tree.PathOf("from"); }
     std::string To() const { return tree.PathOf("to"); }
-    bool HasTwoFileSystems() const;
+    // Of the two, that "to" lies on one of its own.
+    bool IsMounted() const { return systems.back()->IsMounted(); }
+    // What FaultControl is to keep apart; empty: nothing.
+    std::string Apart() const { return isSimulated ? To() : ""; }
     const std::string& Reason() const { return systems.back()->Reason(); }
     // Both folders are empty again.
     void Clear();
 
     FileTree tree;
     std::vector<std::unique_ptr<SmallFileSystem>> systems;  // go before the tree does
+    bool isSimulated = false;
 };
 
 class FileWork {

@@ -3,6 +3,8 @@
 //
 // The injector is loaded with LD_PRELOAD. ZT_FAULT_PLAN names the mapped file, ZT_FAULT_FOLDER the
 // folder: only calls on paths below it count, and calls on descriptors that were opened there.
+// ZT_FAULT_APART may name a folder that is to seem a file system of its own: renaming and linking
+// into it and out of it fails with EXDEV, always and without counting.
 #pragma once
 
 #include <atomic>
@@ -12,6 +14,7 @@ namespace zt::faults {
 
 inline constexpr const char* kPlanVariable = "ZT_FAULT_PLAN";
 inline constexpr const char* kFolderVariable = "ZT_FAULT_FOLDER";
+inline constexpr const char* kApartVariable = "ZT_FAULT_APART";
 
 enum class Call : uint32_t {
     kOpen,

@@ -23,6 +23,8 @@ constexpr size_t kLongestPath = 2 * PATH_MAX;
 FaultPlan* plan = nullptr;
 const char* folder = nullptr;
 size_t folderLength = 0;
+const char* apart = nullptr;
+size_t apartLength = 0;
 
 // Below the folder: where a descriptor was opened. An empty path is no descriptor of ours.
 struct Watched {
@@ -48,6 +50,8 @@ __attribute__((constructor)) void Begin() {
     folder = getenv(kFolderVariable);
     if (!path || !folder) return;
     folderLength = strlen(folder);
+    apart = getenv(kApartVariable);
+    apartLength = apart ? strlen(apart) : 0;
     MapPlan(path);
     // What the program starts is none of the test's business.
     unsetenv("LD_PRELOAD");
@@ -143,6 +147,10 @@ Verdict Hit(uint32_t number) {
     return {};
 }
 
+bool LiesApart(const char* path) {
+    return strncmp(path, apart, apartLength) == 0 && path[apartLength] == '/';
+}
+
 bool HasEnding(const char* path) {
     const size_t length = strlen(path);
     const size_t wanted = strlen(plan->ending);
@@ -174,10 +182,14 @@ Verdict JudgePath(Call call, int directory, const char* path) {
 
 Verdict JudgePaths(Call call, int directory1, const char* path1, int directory2,
                    const char* path2) {
-    if (!plan || !plan->armed) return {};
-    char whole[kLongestPath];
-    const bool counts = Locate(directory1, path1, whole) || Locate(directory2, path2, whole);
-    return counts ? Judge(call, whole) : Verdict{};
+    if (!plan || (!plan->armed && !apart)) return {};
+    char whole1[kLongestPath], whole2[kLongestPath];
+    const bool counts1 = Locate(directory1, path1, whole1);
+    const bool counts2 = Locate(directory2, path2, whole2);
+    if (apart && counts1 && counts2 && LiesApart(whole1) != LiesApart(whole2))
+        return {EXDEV, false};
+    if (!plan->armed || (!counts1 && !counts2)) return {};
+    return Judge(call, counts1 ? whole1 : whole2);
 }
 
 Verdict JudgeDescriptor(Call call, int descriptor) {

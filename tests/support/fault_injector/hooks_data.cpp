@@ -97,10 +97,11 @@ ZT_FTRUNCATE(ftruncate64)
 ZT_FALLOCATE(fallocate)
 ZT_FALLOCATE(fallocate64)
 
+// Copies within the system count for the file that they read.
 ZT_HOOK(ssize_t, copy_file_range, int from, off_t* fromOffset, int to, off_t* toOffset, size_t n,
         unsigned flags) {
     ZT_REAL(copy_file_range, ssize_t(int, off_t*, int, off_t*, size_t, unsigned));
-    return Transferred(JudgeDescriptor(Call::kCopyRange, to), n, [&](size_t some) {
+    return Transferred(JudgeDescriptor(Call::kCopyRange, from), n, [&](size_t some) {
         return real(from, fromOffset, to, toOffset, some, flags);
     });
 }
@@ -108,7 +109,7 @@ ZT_HOOK(ssize_t, copy_file_range, int from, off_t* fromOffset, int to, off_t* to
 #define ZT_SENDFILE(symbol)                                                            \
     ZT_HOOK(ssize_t, symbol, int to, int from, off_t* offset, size_t n) {              \
         ZT_REAL(symbol, ssize_t(int, int, off_t*, size_t));                            \
-        return Transferred(JudgeDescriptor(Call::kCopyRange, to), n,                   \
+        return Transferred(JudgeDescriptor(Call::kCopyRange, from), n,                 \
                            [&](size_t some) { return real(to, from, offset, some); }); \
     }
 
@@ -118,7 +119,7 @@ ZT_SENDFILE(sendfile64)
 ZT_HOOK(ssize_t, splice, int from, off_t* fromOffset, int to, off_t* toOffset, size_t n,
         unsigned flags) {
     ZT_REAL(splice, ssize_t(int, off_t*, int, off_t*, size_t, unsigned));
-    return Transferred(JudgeDescriptor(Call::kCopyRange, to), n, [&](size_t some) {
+    return Transferred(JudgeDescriptor(Call::kCopyRange, from), n, [&](size_t some) {
         return real(from, fromOffset, to, toOffset, some, flags);
     });
 }
