@@ -85,7 +85,8 @@ std::string SleepingState(pid_t id) {
     for (fs::directory_iterator thread(tasks, error), end; !error && thread != end;
          thread.increment(error)) {
         const std::string state = ThreadState(thread->path());
-        if (state.empty() || (state[0] != 'S' && state[0] != 'Z')) return {};
+        // Asleep, stopped by a shell's job control, or ended.
+        if (state.empty() || std::string("STZ").find(state[0]) == std::string::npos) return {};
         all += thread->path().filename().string() + state;
         std::ifstream children(thread->path() / "children");
         for (pid_t child; children >> child;) {
