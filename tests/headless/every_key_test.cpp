@@ -245,6 +245,7 @@ TEST_F(EveryKey, OfThePanels) {
     Check({
         {9, 0, {}, "active", "right"},
         {0x3000F, kShift, {"Tab"}, "active", "left"},
+        {2, kCtrl, {}, "shown", ""},
         {0xF, kCtrl, {}, "shown", ""},
         {0x10, kCtrl, {}, "shown", "left "},
         {0x10, kCtrl, {"Tab"}, "shown", "right "},
