@@ -50,16 +50,24 @@ int RenameNewInSteps(const Estring& source, const Estring& target) {
     return RenameWith(source, target, 0);
 }
 
-// The old file goes aside first: the system renames no directory over a file.
+// The old file goes aside first: the system renames no directory over a file. One that cannot be
+// removed then comes back to its place, and nothing is done.
 int RenameDirectoryOverFile(const Estring& directory, const Estring& file) {
     int code = RenameWith(directory, file, RENAME_EXCHANGE);
-    if (code == 0) return Unlink(directory);
+    if (code == 0) {
+        code = Unlink(directory);
+        if (code != 0) (void)RenameWith(directory, file, RENAME_EXCHANGE);
+        return code;
+    }
     if (!IsUnknown(code)) return code;
     Estring aside;
     code = MakeTemporary(file, aside, [&](const char* path) { return RenameNew(file, path); });
     if (code != 0) return code;
     code = RenameNew(directory, file);
-    if (code == 0) return Unlink(aside);
+    if (code == 0) {
+        code = Unlink(aside);
+        if (code == 0 || RenameNew(file, directory) != 0) return code;
+    }
     const int back = RenameNew(aside, file);
     return back != 0 ? back : code;
 }
