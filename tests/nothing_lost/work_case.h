@@ -13,7 +13,12 @@ namespace zt::headless {
 enum class Work { kCopy, kMove, kRename, kDelete };
 
 // What stands in the folder "to", and what the dialog says to that.
-enum class Existing { kNothing, kAlways, kNever };
+enum class Existing {
+    kNothing,
+    kAlways,
+    kNever,
+    kFileForFolder,  // as kAlways, and a file stands where a folder goes
+};
 
 struct WorkCase {
     const char* name;
