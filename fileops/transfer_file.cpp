@@ -34,6 +34,7 @@ private:
     int CheckTarget();
     int Copy();
     int CheckSource(const struct stat& now);
+    int CheckSourceAgain();
     int AskForSource();
     int Conclude();
     int TakeBack(int code);
@@ -96,6 +97,14 @@ int FileTransfer::CheckSource(const struct stat& now) {
     return code == kDone && IdentityOf(named) != IdentityOf(now) ? EBUSY : code;
 }
 
+// Bringing the data to the disk may have taken long. One that is gone is no concern of ours.
+int FileTransfer::CheckSourceAgain() {
+    struct stat now;
+    int code = source_.Examine(now);
+    if (code == kDone) code = CheckSource(now);
+    return code == ENOENT ? kDone : code;
+}
+
 // The question about a read-only source comes while what stands at the target still stands.
 int FileTransfer::AskForSource() {
     const int answer = AskToReplace(transfer_.operation, transfer_.source, transfer_.progress);
@@ -109,6 +118,8 @@ int FileTransfer::Conclude() {
         CarryDescription(transfer_.source, transfer_.target, transfer_.descriptions);
         return kDone;
     }
+    const int changed = CheckSourceAgain();
+    if (changed != kDone) return changed;
     CarryAndRemoveDescription(transfer_.source, transfer_.target, transfer_.descriptions);
     const ReadOnlyMode before = transfer_.operation.deleteReadOnly;
     transfer_.operation.deleteReadOnly = ReadOnlyMode::kAlways;

@@ -2,6 +2,7 @@
 // calls, and the test plays the other user.
 #include <cerrno>
 #include <fstream>
+#include <set>
 
 #include "tests/nothing_lost/two_folders.h"
 
@@ -35,6 +36,10 @@ protected:
         file << text;
     }
 
+    bool HitStandsBefore(uint32_t number, std::initializer_list<Call> calls) {
+        return std::find(calls.begin(), calls.end(), work->Faults().CallAt(number)) != calls.end();
+    }
+
     void Finish(BoxPolicy policy = BoxPolicy::kSkip) {
         work->GoOn();
         EXPECT_TRUE(work->AnswerBoxes(policy));
@@ -66,9 +71,9 @@ TEST_F(ChangingSource, KeepsWhatIsAddedAfterTheLastRead) {
     if (!HoldUp("F6", Call::kTime, "/big.zt@@@.tmp", 1)) FAIL() << work->Faults().History();
     Append("from/big", added);
     Finish();
-    // What is added to a file that goes cannot all be kept; what is there counts.
-    const std::string kept = tree.Exists("from/big") ? "from/big" : "to/big";
-    EXPECT_THAT(tree.Content(kept), testing::StartsWith(kContent));
+    EXPECT_EQ(kContent + added, tree.Content("from/big"));
+    EXPECT_EQ(kContent, tree.Content("to/big")) << "what had been read is whole";
+    EXPECT_THAT(work->Tagged(), testing::ElementsAre("big"));
 }
 
 TEST_F(ChangingSource, ComesToAnEndWhenItShrinks) {
@@ -232,6 +237,52 @@ TEST_F(SwappedFolder, IsNotFollowedByADeletion) {
         }
     }
     EXPECT_GT(swaps, 10);
+}
+
+// A move takes what the names lead to; what the link leads to it must not delete without having
+// carried it.
+TEST_F(ChangingSource, LosesNothingWhereAFolderIsSwappedForALink) {
+    Open("Confirmations=7\n");
+    constexpr uint32_t kMostCalls = 1000;
+    uint32_t number = 1;
+    int swaps = 0;
+    for (; number < kMostCalls; number++) {
+        place.Clear();
+        tree.File("from/dir/sub/one", "source one").File("from/dir/sub/two", "source two");
+        FileTree outside;
+        outside.File("precious/one", "precious one").File("precious/three", "precious three");
+        Begin("F6", 1);
+        FaultOrder order;
+        order.fault = Fault::kPause;
+        order.first = number;
+        order.untilListed = place.From();
+        if (!work->RunToPause("Enter", order)) break;
+        const std::string sub = tree.PathOf("from/dir/sub");
+        if (rename(sub.c_str(), tree.PathOf("from/aside").c_str()) == 0) {
+            tree.Link("from/dir/sub", outside.PathOf("precious"));
+            swaps++;
+        }
+        work->GoOn();
+        EXPECT_TRUE(work->AnswerBoxes(BoxPolicy::kSkip));
+        std::set<std::string> contents;
+        for (const std::string& root : {tree.Path(), outside.Path()}) {
+            for (const auto& [path, state] : TakeSnapshot(root)) {
+                if (state.type != S_IFREG) continue;
+                std::ifstream file(root + "/" + path, std::ios::binary);
+                contents.insert(std::string(std::istreambuf_iterator<char>(file), {}));
+            }
+        }
+        // Between the last look at a name and its removal nothing can be done about it.
+        const bool late = HitStandsBefore(number, {Call::kAccess, Call::kUnlink});
+        for (const char* content : {"source one", "source two", "precious one", "precious three"}) {
+            EXPECT_TRUE(contents.contains(content) || late)
+                << content << " is lost before call " << number << "\n"
+                << work->Faults().History();
+        }
+        if (HasFailure()) return;
+        if (!Screen().AtPrompt()) work->StartAgain();
+    }
+    EXPECT_GT(swaps, 20);
 }
 
 }  // namespace
