@@ -4,6 +4,7 @@ namespace zt {
 
 namespace {
 
+// The end of a file may have lost the line feed of a line, and a carriage return is left of it.
 size_t LengthWithoutEnd(std::string_view line) {
     size_t length = line.size();
     if (length > 0 && line[length - 1] == '\n') length--;
@@ -11,15 +12,23 @@ size_t LengthWithoutEnd(std::string_view line) {
     return length;
 }
 
-std::string_view EndOf(std::string_view line) {
-    return line.substr(LengthWithoutEnd(line));
+// The end of a line, or what stands for it where the line is open.
+std::string_view EndOf(std::string_view line, std::string_view usual) {
+    if (line.ends_with("\r\n")) return "\r\n";
+    return line.ends_with('\n') ? "\n" : usual;
 }
 
-// The line end of the text's first line, for a line that has none of its own.
+// That of the text's first line, for a line that has none of its own.
 std::string_view UsualEnd(std::string_view text) {
     if (text.empty()) return "\n";
-    const std::string_view end = EndOf(TakeDescriptionLine(text).whole);
-    return end.empty() ? "\n" : end;
+    const std::string_view first = TakeDescriptionLine(text).whole;
+    return EndOf(first, first.ends_with('\r') ? "\r\n" : "\n");
+}
+
+// So that what comes behind the text is a line of its own.
+void Close(std::string& text, std::string_view end) {
+    if (text.empty() || text.ends_with('\n')) return;
+    text += text.ends_with('\r') ? "\n" : end;
 }
 
 }  // namespace
@@ -58,6 +67,7 @@ bool WrittenName(std::string_view name, std::string& written) {
     const bool hasQuote = name.find('"') != std::string_view::npos;
     if (name.empty() || name.find('\n') != std::string_view::npos) return false;
     if (name[0] == '"' || (hasBlank && hasQuote)) return false;
+    if (!hasBlank && name.back() == '\r') return false;
     written = hasBlank ? '"' + std::string(name) + '"' : std::string(name);
     return true;
 }
@@ -76,10 +86,10 @@ std::string WithDescription(std::string_view text, std::string_view name, std::s
                             std::string_view rest) {
     const std::string_view usualEnd = UsualEnd(text);
     std::string changed;
-    const auto put = [&](std::string_view replacedEnd) {
+    const auto put = [&](std::string_view end) {
         changed += written;
         changed += rest;
-        if (EndOf(rest).empty()) changed += replacedEnd;
+        Close(changed, end);
     };
     bool isPut = false;
     while (!text.empty()) {
@@ -88,12 +98,12 @@ std::string WithDescription(std::string_view text, std::string_view name, std::s
         if (!isSubject) {
             changed += line.whole;
         } else if (!isPut) {
-            put(EndOf(line.whole).empty() ? usualEnd : EndOf(line.whole));
+            put(EndOf(line.whole, usualEnd));
             isPut = true;
         }
     }
     if (isPut) return changed;
-    if (!changed.empty() && EndOf(changed).empty()) changed += usualEnd;
+    Close(changed, usualEnd);
     put(usualEnd);
     return changed;
 }

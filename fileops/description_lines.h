@@ -22,7 +22,8 @@ DescriptionLine TakeDescriptionLine(std::string_view& text);
 DescriptionLine FindDescription(std::string_view text, std::string_view name);
 
 // The name as it stands in front of a line. False for one that no line can have: with a line feed,
-// or with a double quote where it would be taken for the end of the name.
+// with a double quote where it would be taken for the end of the name, or with a carriage return
+// where it would be taken for the end of the line.
 [[nodiscard]] bool WrittenName(std::string_view name, std::string& written);
 
 // The text without the lines of these names.
