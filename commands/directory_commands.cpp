@@ -11,6 +11,7 @@
 #include "panels/entry.h"
 #include "panels/link_targets.h"
 #include "panels/navigation.h"
+#include "panels/panel_window.h"
 
 namespace zt {
 
@@ -18,9 +19,9 @@ namespace {
 
 constexpr int32_t kMenuRereadLeft = 0x100013;
 
-void RereadSide(LoopState& state, int side) {
+void RereadShowing(LoopState& state, int side) {
     if (!state.panels.panel[side].showing) return;
-    GoTo(state.panels, side, Westring(), true);
+    RereadSide(state.panels, side);
     state.DrawAll();
 }
 
@@ -84,11 +85,11 @@ void GoToTopOrOther(LoopState& state, const KeyPress& key) {
 void Reread(LoopState& state, const KeyPress&) {
     // Then the key belongs to the choice of a mount point, which is not there yet.
     if (settings.ctrlRDriveChng) return;
-    RereadSide(state, state.panels.active);
+    RereadShowing(state, state.panels.active);
 }
 
 void RereadByMenu(LoopState& state, const KeyPress& key) {
-    RereadSide(state, key.code == kMenuRereadLeft ? 0 : 1);
+    RereadShowing(state, key.code == kMenuRereadLeft ? 0 : 1);
 }
 
 }  // namespace zt

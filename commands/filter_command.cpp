@@ -1,7 +1,7 @@
 #include "commands/filter_command.h"
 
 #include "panels/filter_prompt.h"
-#include "panels/navigation.h"
+#include "panels/panel_window.h"
 
 namespace zt {
 
@@ -12,7 +12,7 @@ void FilterByMenu(LoopState& state, const KeyPress& key) {
     CPanel& panel = state.panels.panel[side];
     if (!FilterPrompt(panel)) return;
     if (panel.showing) {
-        GoTo(state.panels, side, Westring(), true);
+        RereadSide(state.panels, side);
     } else {
         panel.needRead = true;
     }

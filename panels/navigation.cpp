@@ -122,6 +122,13 @@ void EnterRealDirectory(const CPanel& panel) {
     if (chdir(NameToBytes(directory).c_str()) != 0) return;
 }
 
+void EnterActiveDirectory(PanelPair& panels) {
+    const CPanel& active = panels.Active();
+    const bool showsItsPath = active.IsFiles() && !active.IsTree();
+    const CPanel& counting = showsItsPath ? active : panels.Inactive();
+    if (counting.readError == 0 && counting.IsFiles()) EnterRealDirectory(counting);
+}
+
 void GoTo(PanelPair& panels, int side, const Westring& name, bool keepTags, int top, int cursor) {
     CPanel& panel = panels.panel[side];
     const bool isUp = name.Length() == 2 && name[0] == L'.' && name[1] == L'.';

@@ -32,5 +32,8 @@ bool GoBack(PanelPair& panels, int side);
 Westring RealDirectory(const CPanel& panel);
 // Makes it the process's working directory, where it can be entered and is no network path.
 void EnterRealDirectory(const CPanel& panel);
+// The same for the active panel, or for the other one while the active one shows no list of its
+// own.
+void EnterActiveDirectory(PanelPair& panels);
 
 }  // namespace zt

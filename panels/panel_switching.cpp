@@ -77,9 +77,7 @@ void Activate(PanelPair& panels, int side) {
         AbbreviatePath(title, kTitleColumns);
         SetWindowTitle(title.c_str());
     }
-    const bool showsItsPath = panel.IsFiles() && !panel.IsTree();
-    const CPanel& counting = showsItsPath ? panel : panels.Inactive();
-    if (counting.readError == 0 && counting.IsFiles()) EnterRealDirectory(counting);
+    EnterActiveDirectory(panels);
     settings.startupSide = side == 0 ? 'L' : 'R';
 }
 

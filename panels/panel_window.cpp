@@ -120,11 +120,16 @@ void RefreshPanels(PanelPair& panels, bool all) {
     }
 }
 
+void RereadSide(PanelPair& panels, int side, bool keepTags) {
+    GoTo(panels, side, Westring(), keepTags);
+    // A filter may name a file from there.
+    EnterActiveDirectory(panels);
+}
+
 void RereadBoth(PanelPair& panels, bool keepTags) {
-    // The active panel last, so that the process ends up in its directory.
-    GoTo(panels, 1 - panels.active, Westring(), keepTags);
+    RereadSide(panels, 1 - panels.active, keepTags);
     panels.sharesReads = true;
-    GoTo(panels, panels.active, Westring(), keepTags);
+    RereadSide(panels, panels.active, keepTags);
     panels.sharesReads = false;
 }
 

@@ -15,6 +15,8 @@ void ClosePanelWindow(CPanel& panel);
 void ReopenPanelWindows(PanelPair& panels);
 // Reads and paints what is marked; with `all`, paints whatever shows.
 void RefreshPanels(PanelPair& panels, bool all = false);
+// Reads one panel's directory again. The process stays in the active panel's directory.
+void RereadSide(PanelPair& panels, int side, bool keepTags = true);
 // Reads both directories again, after something changed files.
 void RereadBoth(PanelPair& panels, bool keepTags = true);
 void SetStyle(CPanel& panel, int style, int side);

@@ -8,6 +8,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
+constexpr uint8_t kMessages = 0x70;  // the default of the colour class
+
 class Filter : public testing::Test {
 protected:
     Filter() {
@@ -56,7 +58,8 @@ TEST_F(Filter, PromptStandsInItsPlace) {
                   session.Piece(3, 6, 23));
         EXPECT_EQ("*   ", session.Piece(4, 7, 4)) << "the filter that holds";
         const uint8_t field = session.AttributeAt(5, 7);
-        EXPECT_NE(field, session.AttributeAt(3, 7));
+        EXPECT_EQ(kMessages, session.AttributeAt(3, 7));
+        EXPECT_NE(field, kMessages);
         EXPECT_EQ(field, session.AttributeAt(75, 7)) << "72 columns";
         session.Press("Esc");
         EXPECT_THAT(session.Text(), Not(HasSubstr("Filter for")));
@@ -256,6 +259,40 @@ TEST_F(Filter, ReadsDatesAsTheLocaleWritesThem) {
         Set(session, 0, row.expression);
         EXPECT_THAT(Names(session, 0), ElementsAre("..", "sub.c", "a.c")) << row.language;
     }
+}
+
+TEST_F(Filter, TakesFilesFromTheActivePanelsDirectory) {
+    tree.Time("b.c", UtcTime(2012, 1, 1)).File("sub.c/b.c");
+    const auto wanted = ElementsAre("..", "sub.c", "a.c", "c.txt", "d.txt");
+    SessionOptions options = InHome();
+    options.arguments = {"-r", tree.PathOf("sub.c")};
+    Session session(options);
+    Set(session, 0, "%timestamp>@b.c");
+    EXPECT_THAT(Names(session, 0), wanted);
+    // Whatever is done to the other panel, whose directory has another file of that name.
+    Set(session, 1, "b*");
+    EXPECT_THAT(Names(session, 1), ElementsAre("..", "b.c"));
+    session.Press("Ctrl-r");
+    EXPECT_THAT(Names(session, 0), wanted);
+    session.Press({"F9", "Left", "Enter"});
+    session.Type("r");
+    session.Press("Ctrl-r");
+    EXPECT_THAT(Names(session, 0), wanted);
+    session.Press({"Ctrl-h", "Ctrl-h"});
+    EXPECT_THAT(Names(session, 0), wanted);
+}
+
+TEST_F(Filter, TakesATextThatFailsForSomeFilesOnly) {
+    Session session(InHome());
+    Set(session, 0, "%size~=0");  // no fault where the size is 0
+    EXPECT_TRUE(session.AtPrompt()) << session.Text();
+    EXPECT_EQ(tree.Path() + "/?", PanelView(session, 0).Title());
+    EXPECT_THAT(Names(session, 0), ElementsAre("..", "sub.c", "a.c", "b.c", "c.txt", "d.txt"));
+    session.Press("Grey+");
+    session.Type("%size~=10");
+    session.Press("Enter");
+    EXPECT_THAT(session.Text(), HasSubstr("Invalid comparitor '~='"));
+    session.Press({"Enter", "Esc"});
 }
 
 TEST_F(Filter, TestsWhatTheUserMayDo) {

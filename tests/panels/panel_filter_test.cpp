@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "panels/directory_reader.h"
+#include "panels/panel_switching.h"
 #include "tests/panels/panel_fixture.h"
 
 namespace zt {
@@ -65,6 +66,24 @@ TEST_F(FilteredPanel, KeepsEachSidesFilterApart) {
     Start();
     EXPECT_THAT(Names(left), ElementsAre("..", "dir.c", "a.c", "b.c"));
     EXPECT_THAT(Names(right), ElementsAre("..", "dir.c", "c.txt"));
+}
+
+TEST_F(FilteredPanel, TakesNamesFromTheActivePanelsDirectoryAtEachRead) {
+    tree.Time("a.c", 1000);
+    tree.Time("b.c", 2000);
+    tree.Time("c.txt", 3000);
+    tree.File("dir.c/b.c");  // another file of that name, newer than all of these
+    Start("", "dir.c");
+    Activate(*panels, 0);
+    left.filter = "%timestamp>@b.c";
+    for (int i = 0; i < 3; ++i) {
+        if (i == 1) RereadBoth(*panels);
+        if (i == 2) RereadSide(*panels, 1);
+        RereadSide(*panels, 0);
+        EXPECT_THAT(Names(left), ElementsAre("..", "dir.c", "c.txt")) << i;
+    }
+    RereadBoth(*panels);
+    EXPECT_THAT(Names(left), ElementsAre("..", "dir.c", "c.txt"));
 }
 
 TEST_F(FilteredPanel, AcceptsByTheFilterThatThePanelHasNow) {
