@@ -1,9 +1,9 @@
 #include "panels/filter_prompt.h"
 
+#include "panels/filter_check.h"
 #include "panels/filter_compiled.h"
 #include "panels/panel.h"
 #include "ui/dialog.h"
-#include "ui/message_box.h"
 
 namespace zt {
 
@@ -20,12 +20,9 @@ bool FilterPrompt(CPanel& panel) {
     dialog.AddString(1, 1, true, filter, 72, -1, kHistoryFilters);
     while (dialog.Run() == kExitEnter) {
         CompiledFilter compiled(filter);
-        if (compiled.EvaluateName(L"test") >= 0) {
-            panel.filter = filter;
-            return true;
-        }
-        MessageBox("Error in expression", compiled.errorText.c_str(), kBoxOk);
-        dialog.SetExitCode(0);
+        if (!CheckFilter(compiled, "Error in expression")) continue;
+        panel.filter = filter;
+        return true;
     }
     return false;
 }

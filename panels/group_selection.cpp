@@ -7,11 +7,11 @@
 #include "console/event.h"
 #include "console/key_codes.h"
 #include "foundation/settings.h"
+#include "panels/filter_check.h"
 #include "panels/panel_drawing.h"
 #include "panels/panel_pair.h"
 #include "ui/dialog.h"
 #include "ui/field_history.h"
-#include "ui/message_box.h"
 #include "ui/update_freeze.h"
 
 namespace zt {
@@ -42,13 +42,6 @@ private:
     TagMode mode_;
 };
 
-// True when the text is an expression; otherwise the user is told what is wrong with it.
-bool IsExpression(CompiledFilter& filter) {
-    if (filter.EvaluateName(L"test") >= 0) return true;
-    MessageBox("Error in search expression", filter.errorText.c_str(), kBoxOk);
-    return false;
-}
-
 // Nothing after Esc.
 std::optional<CompiledFilter> AskForGroup(CPanel& panel, TagMode mode, bool& directories) {
     Westring pattern = panel.pair->lastGroupPattern;
@@ -62,7 +55,7 @@ std::optional<CompiledFilter> AskForGroup(CPanel& panel, TagMode mode, bool& dir
             continue;
         }
         CompiledFilter filter(pattern);
-        if (!IsExpression(filter)) continue;
+        if (!CheckFilter(filter, "Error in search expression")) continue;
         panel.pair->lastGroupPattern = pattern;
         return filter;
     }
