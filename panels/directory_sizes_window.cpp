@@ -53,7 +53,7 @@ void DirectorySizesWindow::Finish(bool pause) {
     {
         const UpdateFreeze freeze;
         DrawCounts();
-        dialog_.Print(0, kPathRow, Westring::Repeat(L' ', dialog_.ClientWidth()));
+        DrawRow(kPathRow, Westring());
         if (pause) dialog_.AddButton(kButtonColumn, kButtonRow, true, kExitEnter, "_OK");
     }
     if (pause) dialog_.Run();
@@ -73,21 +73,21 @@ void DirectorySizesWindow::Loop() {
 void DirectorySizesWindow::DrawCounts() {
     Westring counts = L"Directories: " + FormatSize(progress_.Directories(), kCountColumns);
     counts += L"   Files: " + FormatSize(progress_.Files(), kCountColumns);
-    const auto print = [this](int row, const Westring& text) {
-        const int left = (dialog_.ClientWidth() - text.Length()) / 2;
-        const Westring line = Westring::Repeat(L' ', left) + text;
-        dialog_.Print(0, row, line.PadRight(dialog_.ClientWidth()));
-    };
-    print(kCountsRow, counts);
-    print(kSizeRow, SizeText(progress_.Bytes()));
+    DrawRow(kCountsRow, counts);
+    DrawRow(kSizeRow, SizeText(progress_.Bytes()));
 }
 
 void DirectorySizesWindow::DrawPath() {
     Westring path = NameFromBytes(progress_.Path().c_str());
     AbbreviatePath(path, kPathColumns);
-    const int left = (dialog_.ClientWidth() - path.Length()) / 2;
-    const Westring line = Westring::Repeat(L' ', left) + path;
-    dialog_.Print(0, kPathRow, line.PadRight(dialog_.ClientWidth()));
+    DrawRow(kPathRow, path);
+}
+
+// In the middle of the row, which holds nothing else.
+void DirectorySizesWindow::DrawRow(int row, const Westring& text) {
+    const int left = (dialog_.ClientWidth() - text.Length()) / 2;
+    const Westring line = Westring::Repeat(L' ', left) + text;
+    dialog_.Print(0, row, line.PadRight(dialog_.ClientWidth()));
 }
 
 }  // namespace zt

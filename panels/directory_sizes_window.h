@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "foundation/thread_event.h"
-#include "panels/directory_walk.h"
+#include "panels/walk_progress.h"
 #include "ui/dialog.h"
 
 namespace zt {
@@ -27,6 +27,7 @@ private:
     void Loop();
     void DrawCounts();
     void DrawPath();
+    void DrawRow(int row, const Westring& text);
 
     const WalkProgress& progress_;
     Dialog dialog_;
