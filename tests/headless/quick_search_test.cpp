@@ -78,6 +78,7 @@ TEST_F(QuickSearch, KeepsTheKeyboardWhileItIsSticky) {
     EXPECT_EQ("Search: b", Status(session));
     EXPECT_EQ(21, session.CursorRow());
     EXPECT_EQ(1 + 8 + 1, session.CursorColumn());
+    EXPECT_EQ(15, session.Screen().CursorSize());
     session.Type("ETA");
     EXPECT_EQ("Search: bETA", Status(session));
     EXPECT_EQ("beta1", Bar(session));
@@ -199,6 +200,27 @@ TEST_F(QuickSearch, HandsTheMouseOn) {
     EXPECT_EQ("0 bytes in 1 selected file", PanelView(session, 1).Status());
 }
 
+TEST_F(QuickSearch, IsEndedByAClickThatMovesTheCursor) {
+    Session session(Here(false));
+    session.Press({"Alt-b", "Alt-e"});
+    ASSERT_EQ("beta1", Bar(session));
+    const int row = PanelView(session, 0).BarRow() + 1;
+    session.Click(Mouse::kLeft, 3, row);
+    EXPECT_EQ("Search: be", Status(session)) << "the cursor was there already";
+    session.Click(Mouse::kLeft, 3, row + 1);
+    EXPECT_EQ("beta1.bak", Status(session));
+}
+
+TEST_F(QuickSearch, IsEndedByEveryKeyThatMovesTheCursor) {
+    Session session(Here(false));
+    for (const char* key : {"Up", "Down", "Home", "End", "PgUp", "PgDn"}) {
+        session.Press({"Home", "Alt-b", "Alt-e"});
+        EXPECT_EQ("Search: be", Status(session)) << key;
+        session.Press(key);
+        EXPECT_EQ(Bar(session), Status(session)) << key;
+    }
+}
+
 TEST_F(QuickSearch, EndsWithTheWheel) {
     Session session(Here(true));
     session.Press("Alt-a");
@@ -257,6 +279,17 @@ TEST_F(QuickSearch, ShowsTheEndOfALongText) {
     session.Type(name.substr(1));
     EXPECT_EQ("Search: " + name.substr(name.size() - 30), Status(session));
     EXPECT_EQ(1 + 40 / 2 - 2, session.CursorColumn());
+}
+
+TEST_F(QuickSearch, HasMoreRoomForItsCursorInAPanelOfFullWidth) {
+    const std::string name = "n" + std::string(40, 'o');
+    tree.File(name);
+    Session session(Here(true));
+    session.Press({"Ctrl-Shift-F1", "Alt-n"});
+    session.Type(std::string(25, 'o'));
+    EXPECT_EQ(1 + 8 + 26, session.CursorColumn());
+    session.Type(std::string(15, 'o'));
+    EXPECT_EQ(1 + 80 / 2 - 2, session.CursorColumn()) << "not past the middle";
 }
 
 TEST_F(QuickSearch, ScrollsToWhatItFinds) {

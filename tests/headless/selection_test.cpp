@@ -8,6 +8,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 constexpr int32_t kShift = 4;
+constexpr uint8_t kMessages = 0x70;  // the default of the colour class
 
 class Selection : public testing::Test {
 protected:
@@ -55,6 +56,8 @@ TEST_F(Selection, AsksInABoxAtTheTop) {
     EXPECT_EQ(" Select the files               ", session.Piece(24, 7, 32));
     EXPECT_EQ("*" + std::string(29, ' ') + "↓", session.Piece(25, 8, 31));
     EXPECT_EQ(" Alt-D=Dirs ", session.Piece(43, 10, 12));
+    EXPECT_EQ(kMessages, session.AttributeAt(23, 6));
+    EXPECT_EQ(kMessages, session.AttributeAt(43, 10));
     session.Press("Esc");
     EXPECT_TRUE(session.AtPrompt());
     EXPECT_EQ("", Tagged(session));
@@ -162,6 +165,15 @@ TEST_F(Selection, TellsWhatIsWrongWithAnExpressionAndAsksAgain) {
     session.Type(")");
     session.Press("Enter");
     EXPECT_EQ("c.bin ", Tagged(session));
+}
+
+TEST_F(Selection, TakesAnExpressionLongerThanItsField) {
+    Session session(Here());
+    std::string pattern = "(c.*";
+    for (int i = 0; i < 60; ++i)
+        pattern += " | name" + std::to_string(i) + ".*";
+    Group(session, "Grey+", pattern + ") | a*");
+    EXPECT_EQ("a.txt c.bin ", Tagged(session));
 }
 
 TEST_F(Selection, WantsSomeExpression) {
