@@ -1,17 +1,21 @@
 #include "commands/command_table.h"
 
 #include "commands/attribute_commands.h"
+#include "commands/browse_manual.h"
 #include "commands/configuration_dialog.h"
 #include "commands/confirmations_dialog.h"
 #include "commands/copy_commands.h"
 #include "commands/delete_commands.h"
 #include "commands/directory_commands.h"
-#include "commands/filter_command.h"
 #include "commands/execute_command.h"
 #include "commands/file_viewing.h"
+#include "commands/file_window.h"
+#include "commands/filter_command.h"
 #include "commands/history_commands.h"
 #include "commands/line_commands.h"
+#include "commands/line_completion.h"
 #include "commands/make_commands.h"
+#include "commands/make_object.h"
 #include "commands/movement_commands.h"
 #include "commands/name_commands.h"
 #include "commands/option_commands.h"
@@ -20,6 +24,7 @@
 #include "commands/screen_commands.h"
 #include "commands/scroll_back_command.h"
 #include "commands/selection_commands.h"
+#include "commands/stored_paths_dialog.h"
 #include "commands/user_menu.h"
 #include "commands/view_commands.h"
 
@@ -67,7 +72,7 @@ constexpr CommandRow kCommands[] = {
     {0x14, kNeedsFiles, SelectGroupKey},
     {0x20014, kNeedsFiles, SelectGroupKey},
     {0x15, kNeedsNothing, Swap},
-    {0x17, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x17, kNeedsFiles | kNeedsNoArchive, FileWindowKey},
     {0x18, kNeedsNothing, RecallNewer},
     {0x10091, kNeedsNothing, RecallNewer},
     {0x19, kNeedsFiles, UnselectGroupKey},
@@ -123,8 +128,8 @@ constexpr CommandRow kCommands[] = {
     // Alt and function keys
     {0x10068, kNeedsNothing, nullptr},
     {0x10069, kNeedsNothing, nullptr},
-    {0x1006C, kNeedsNothing, nullptr},
-    {0x1006D, kNeedsFiles | kNeedsNoArchive, nullptr},
+    {0x1006C, kNeedsNothing, StoredPathsKey},
+    {0x1006D, kNeedsFiles | kNeedsNoArchive, MakeObjectKey},
     {0x1006E, kNeedsNothing, nullptr},
     {0x3006E, kNeedsNothing, nullptr},
     {0x1006F, kNeedsNothing, CommandHistoryCommand},
@@ -143,7 +148,7 @@ constexpr CommandRow kCommands[] = {
     {0x30090, kNeedsFiles, TagAllKey},
     {0x10092, kNeedsNothing, CopyLine},
     {0x10093, kNeedsNothing, LineDeleteWordRight},
-    {0x10094, kNeedsNothing, nullptr},
+    {0x10094, kNeedsNothing, CompleteLineFromList},
     // Alt and movement keys
     {0x10097, kNeedsPanel, GoHome},
     {0x10098, kNeedsFiles, PreviousMatchOrTagKey},
@@ -155,7 +160,7 @@ constexpr CommandRow kCommands[] = {
     {0x30103, kNeedsNothing, nullptr},
     // Shift and function keys
     {0x30052, kNeedsNothing, PasteLine},
-    {0x30054, kNeedsNothing, nullptr},
+    {0x30054, kNeedsNothing, BrowseManual},
     {0x30056, kNeedsNothing, ViewNamedKey},
     {0x30057, kNeedsNothing, EditNamedKey},
     {0x30058, kNeedsFiles | kNeedsNoArchive, CopyInPlaceKey},

@@ -129,7 +129,7 @@ void EditNamedKey(LoopState& state, const KeyPress& key) {
 
 void EditAssociations(LoopState& state, const KeyPress& key) {
     Use(state, Editor(), ConfigFilePath(false), key.code);
-    ProgramConfiguration(state).Read();
+    ProgramConfiguration(state).ReadLists();
 }
 
 void EditUserMenu(LoopState& state, const KeyPress& key) {

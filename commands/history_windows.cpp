@@ -1,17 +1,13 @@
 #include "commands/history_windows.h"
 
 #include <algorithm>
-#include <cwchar>
-#include <memory>
-#include <span>
 
 #include "commands/histories.h"
+#include "commands/history_dialog.h"
 #include "commands/separate_session.h"
 #include "console/key_codes.h"
-#include "console/program_state.h"
 #include "panels/panel_pair.h"
 #include "ui/dialog.h"
-#include "ui/list_box.h"
 #include "ui/message_box.h"
 
 namespace zt {
@@ -23,69 +19,8 @@ constexpr int kAltF7 = kKeyAltF1 + 6;
 constexpr int32_t kCommandKeys[] = {kKeyAltEnter, kKeyCtrlEnter, kKeyF7,
                                     kShiftF7,     kAltF7,        kKeyDelete};
 
-// A list of texts in which some keys end the dialog.
-class KeyedList : public ListBoxWestring {
-public:
-    KeyedList(int left, int columns, int rows, WestringStore& texts, int32_t& chosen,
-              std::span<const int32_t> exitKeys)
-        : ListBoxWestring(left, 0, columns, rows, &texts, texts.Count(), &chosen, kExitEnter),
-          keys(exitKeys) {}
-
-protected:
-    bool HandleOwnKey(int key) override {
-        if (std::find(keys.begin(), keys.end(), key) == keys.end()) return false;
-        dialog->SetExitCode(key);
-        return true;
-    }
-
-private:
-    std::span<const int32_t> keys;
-};
-
-struct ListShape {
-    const char* title;
-    int leastWidth;
-    int margin;  // blank columns on each side of the list; with them the width is even
-    int rowsLeftFree;
-};
-constexpr ListShape kCommandShape = {" History ", 8, 1, 6};
-constexpr ListShape kDirectoryShape = {" Directory History ", 21, 0, 5};
-constexpr int kColumnsLeftFree = 6;
-
-// Inside the frame.
-int WindowWidth(const ListShape& shape, const WestringStore& texts) {
-    int width = shape.leastWidth;
-    for (int i = 0; i < texts.Count(); i++)
-        width = std::max(width, texts.Peek(i)->Length());
-    if (shape.margin > 0) width = (width + 1) / 2 * 2 + 2 * shape.margin;
-    return std::min(width, screenColumns - kColumnsLeftFree);
-}
-
-// The window of a history, opened on its newest entry.
-class HistoryDialog {
-public:
-    HistoryDialog(const ListShape& shape, WestringStore& texts, std::span<const int32_t> exitKeys)
-        : chosen(texts.Count() - 1),
-          width(WindowWidth(shape, texts)),
-          height(std::min(texts.Count(), screenLines - shape.rowsLeftFree)),
-          dialog(-1, -3, width + 2, height + 2, Colour(ColourClass::kMenu)) {
-        dialog.SetTitle(shape.title);
-        dialog.Add(std::make_unique<KeyedList>(shape.margin, width - 2 * shape.margin, height,
-                                               texts, chosen, exitKeys),
-                   true);
-    }
-
-    int Run() {
-        dialog.Redraw(-1);
-        return dialog.Run();
-    }
-
-    int32_t chosen;  // index of the text under the cursor
-
-private:
-    const int width, height;
-    Dialog dialog;
-};
+constexpr HistoryShape kCommandShape = {" History ", 8, 1, 6};
+constexpr HistoryShape kDirectoryShape = {" Directory History ", 21, 0, 5};
 
 // The entry that holds the text, from `start` on by `step`; -1 for none.
 int FindText(const WestringStore& texts, const Westring& text, int start, int step) {

@@ -60,6 +60,7 @@ struct LoopState {
     std::unique_ptr<CFunctionKeyBar> functionKeys;
     PullDownMenu menu;
     bool menuCancelled = true;  // the menu was last left with nothing chosen
+    bool objectsInTerminal = false;  // what was last answered when launchers were made
     IScrollBackCommand* scrollBack = nullptr;  // borrowed
 
     // A command changed what the panels or the line show: all of it is drawn at the next pass.

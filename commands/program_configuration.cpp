@@ -15,6 +15,10 @@ void ProgramConfiguration::Read() {
     ReadConfiguration(false, *this);
 }
 
+void ProgramConfiguration::ReadLists() {
+    ReadConfiguration(true, *this);
+}
+
 void ProgramConfiguration::Write() {
     WriteConfiguration(*this);
 }

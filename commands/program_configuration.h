@@ -12,6 +12,8 @@ public:
     explicit ProgramConfiguration(LoopState& state) : state_(state) {}
 
     void Read();
+    // Rules, variables and archivers as the file now has them; the settings stay.
+    void ReadLists();
     void Write();
 
     void ShowMessage(const Westring& message, const wchar_t* name) override;

@@ -13,11 +13,6 @@ namespace zt {
 
 namespace {
 
-// The active panel, or the other one when the active one shows the tree.
-int TargetSide(LoopState& state) {
-    return state.Active().IsTree() ? 1 - state.panels.active : state.panels.active;
-}
-
 Westring ExpandHome(const Westring& path) {
     const char* home = getenv("HOME");
     if (!home || path[0] != L'~' || path[1] != L'/') return path;
@@ -28,7 +23,7 @@ Westring ExpandHome(const Westring& path) {
 
 void GoToStored(LoopState& state, const Westring& stored) {
     if (stored.IsEmpty()) return;
-    const int side = TargetSide(state);
+    const int side = StoredPathSide(state);
     CPanel& panel = state.panels.panel[side];
     const Westring path = ExpandHome(stored);
     if (!ChangeDirectory(panel, path)) {
@@ -43,12 +38,16 @@ void GoToStored(LoopState& state, const Westring& stored) {
 
 }  // namespace
 
+int StoredPathSide(LoopState& state) {
+    return state.Active().IsTree() ? 1 - state.panels.active : state.panels.active;
+}
+
 bool HandleStoredPathKey(LoopState& state, const KeyPress& key) {
     if (!(key.code & kKeyCtrlDigit) || key.code & kKeyGrey) return false;
     const int slot = key.code & 15;
     if (slot > 9) return true;
     if (key.code & (kKeyCtrlShiftDigit - kKeyCtrlDigit)) {
-        settings.storedPaths[slot] = state.panels.panel[TargetSide(state)].path;
+        settings.storedPaths[slot] = state.panels.panel[StoredPathSide(state)].path;
     } else {
         GoToStored(state, settings.storedPaths[slot]);
         state.DrawAll();

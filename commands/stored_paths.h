@@ -5,6 +5,10 @@
 
 namespace zt {
 
+// The side whose panel stored paths are taken from and go to: the active one, or the other one
+// while the active panel shows the tree.
+int StoredPathSide(LoopState& state);
+
 // Ctrl with a keypad digit goes to the stored path; with Shift too, it stores the panel's path.
 // True when the key was one of these and is spent.
 bool HandleStoredPathKey(LoopState& state, const KeyPress& key);

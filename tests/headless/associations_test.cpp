@@ -217,6 +217,18 @@ TEST_F(Associations, TheMenuEditsTheConfigurationAndReadsItAgain) {
     EXPECT_EQ(Out(), "added x.txt\n");
 }
 
+TEST_F(Associations, EditingThemLeavesUnsavedSettingsAlone) {
+    Session session(With("Editor=true\nPathPrompt=off\n[Associations]\n"));
+    session.Send(WireEvent{0, 0x10012F, 0, 0, 0, 0});
+    ASSERT_TRUE(session.WaitForQuiet());
+    const std::string prompt = session.Row(session.Rows() - 2);
+    ASSERT_EQ(prompt, tree.Path() + ">");
+    OpenMenuWith(session, "Edit Associations");
+    session.Type("a");
+    EXPECT_TRUE(WaitForPanels(session));
+    EXPECT_EQ(session.Row(session.Rows() - 2), prompt);
+}
+
 TEST_F(Associations, TheMenuEditsTheUserMenu) {
     Session session(With("[General Options]\nEditor=echo edited !p > out; :\n"));
     OpenMenuWith(session, "Edit User Menu");

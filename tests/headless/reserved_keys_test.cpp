@@ -9,21 +9,16 @@ constexpr int32_t kReserved[] = {
     // Ctrl and a letter
     0xB,
     0xC,
-    0x17,
     // Enter and the function keys, by their modifiers
     0x1003B,
-    0x30054,
     0x3005A,
     0x30066,
     0x10068,
     0x10069,
-    0x1006C,
-    0x1006D,
     0x1006E,
     0x3006E,
     0x10071,
     // Others with Ctrl
-    0x10094,
     0x10103,
     0x30103,
     // The menu's own codes
