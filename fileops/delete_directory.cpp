@@ -67,12 +67,11 @@ bool TriesReadOnlyAgain(FileOperation& operation, const DeleteSubject& subject,
     return true;
 }
 
-// The trees of the panels follow, as far as they know of the directory.
+// The trees of the panels follow, up to the first that knows nothing of the directory.
 void TellTrees(PanelPair* panels, const Westring& path) {
     if (!panels || !panels->seams.trees) return;
     for (CPanel& panel : panels->panel) {
-        if (!panel.tree) return;
-        panels->seams.trees->DirectoryRemoved(panel, path);
+        if (!panel.tree || !panels->seams.trees->DirectoryRemoved(panel, path)) return;
     }
 }
 

@@ -80,7 +80,8 @@ public:
     virtual ~ITreeKeeper() = default;
     // Keep the panel's tree in step with what the program does to directories; paths are absolute.
     virtual void DirectoryAdded(CPanel& panel, const Westring& path) = 0;
-    virtual void DirectoryRemoved(CPanel& panel, const Westring& path) = 0;
+    // False when the tree does not know the directory that it was in.
+    virtual bool DirectoryRemoved(CPanel& panel, const Westring& path) = 0;
     virtual void DirectoryRenamed(CPanel& panel, const Westring& from, const Westring& to) = 0;
     // Writes the panel's tree to its file.
     virtual void Save(CPanel& panel) = 0;

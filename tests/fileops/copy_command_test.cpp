@@ -37,7 +37,10 @@ class FakeTrees : public ITreeKeeper {
 public:
     explicit FakeTrees(Calls& into) : calls(into) {}
     void DirectoryAdded(CPanel&, const Westring& path) override { Note("added", path); }
-    void DirectoryRemoved(CPanel&, const Westring& path) override { Note("removed", path); }
+    bool DirectoryRemoved(CPanel&, const Westring& path) override {
+        Note("removed", path);
+        return true;
+    }
     void DirectoryRenamed(CPanel&, const Westring& from, const Westring& to) override {
         Note("renamed", from + L" " + to);
     }

@@ -16,7 +16,7 @@ public:
     std::vector<int> saved;
 
     void DirectoryAdded(CPanel&, const Westring&) override {}
-    void DirectoryRemoved(CPanel&, const Westring&) override {}
+    bool DirectoryRemoved(CPanel&, const Westring&) override { return true; }
     void DirectoryRenamed(CPanel&, const Westring&, const Westring&) override {}
     void Save(CPanel& panel) override { saved.push_back(panel.side); }
     bool Pick(CPanel&, Westring&, int) override { return false; }

@@ -159,10 +159,12 @@ TEST_F(DeletingADirectory, KeepsNamesThatLookAlikeApart) {
 class KeptTrees : public ITreeKeeper {
 public:
     std::vector<std::string> log;
+    int ignorant = -1;  // the side whose tree knows of nothing
 
     void DirectoryAdded(CPanel&, const Westring&) override {}
-    void DirectoryRemoved(CPanel& panel, const Westring& path) override {
+    bool DirectoryRemoved(CPanel& panel, const Westring& path) override {
         log.push_back(std::to_string(panel.side) + " " + NameToBytes(path).c_str());
+        return panel.side != ignorant;
     }
     void DirectoryRenamed(CPanel&, const Westring&, const Westring&) override {}
     void Save(CPanel&) override { log.push_back("save"); }
@@ -196,6 +198,17 @@ TEST_F(DeletingBesideTrees, EndsAtTheFirstPanelWithoutOne) {
     tree.Folder("a");
     EXPECT_EQ(1, Remove(tree.Wide("a")));
     EXPECT_THAT(trees.log, IsEmpty());
+}
+
+TEST_F(DeletingBesideTrees, EndsAtATreeThatDoesNotKnowIt) {
+    panels.panel[0].tree = panels.panel[1].tree = SomeTree();
+    for (const int side : {1, 0}) {
+        trees.ignorant = side;
+        tree.Folder("a");
+        EXPECT_EQ(1, Remove(tree.Wide("a")));
+    }
+    EXPECT_THAT(trees.log, ElementsAre("0 " + tree.PathOf("a"), "1 " + tree.PathOf("a"),  //
+                                       "0 " + tree.PathOf("a")));
 }
 
 TEST_F(DeletingBesideTrees, TellsTheWholePathOfABareName) {

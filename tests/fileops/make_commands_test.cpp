@@ -22,7 +22,10 @@ public:
     void DirectoryAdded(CPanel& panel, const Westring& path) override {
         calls.push_back("added " + std::to_string(panel.side) + " " + Bytes(path));
     }
-    void DirectoryRemoved(CPanel&, const Westring&) override { calls.push_back("removed"); }
+    bool DirectoryRemoved(CPanel&, const Westring&) override {
+        calls.push_back("removed");
+        return true;
+    }
     void DirectoryRenamed(CPanel&, const Westring&, const Westring&) override {
         calls.push_back("renamed");
     }

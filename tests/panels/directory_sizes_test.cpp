@@ -247,7 +247,7 @@ public:
     }
     bool HasChanged(CPanel&) override { return changed; }
     void DirectoryAdded(CPanel&, const Westring&) override {}
-    void DirectoryRemoved(CPanel&, const Westring&) override {}
+    bool DirectoryRemoved(CPanel&, const Westring&) override { return true; }
     void DirectoryRenamed(CPanel&, const Westring&, const Westring&) override {}
     void Save(CPanel&) override { ++saves; }
     bool Pick(CPanel&, Westring&, int) override { return false; }
