@@ -22,6 +22,8 @@ TEST(DescriptionLines, AreCutAtLineFeeds) {
         {"a\n", "a\n", "a", "\n"},
         {"a\r\n", "a\r\n", "a", "\r\n"},
         {"a ", "a ", "a", " "},
+        {"a this\r", "a this\r", "a", " this\r"},
+        {"a\r", "a\r", "a", "\r"},
         {"\"a b\" this\n", "\"a b\" this\n", "a b", " this\n"},
         {"\"a\" this\n", "\"a\" this\n", "a", " this\n"},
         {"\"a b\"\n", "\"a b\"\n", "a b", "\n"},
@@ -61,6 +63,9 @@ TEST(DescriptionLines, HaveQuotesAroundNamesWithBlanks) {
         {"a\nb", ""},
         {"\"a", ""},
         {"a \"b", ""},
+        {"a\r", ""},
+        {"a\rb", "a\rb"},
+        {"a b\r", "\"a b\r\""},
         {"descript.ion", "descript.ion"},
     };
     for (const auto& row : rows) {
@@ -87,6 +92,11 @@ TEST(DescriptionLines, TakeTheirPlace) {
         {"b old\na old", "a", " new", "b old\na new\n"},
         {"a 1\nb 2\na 3\n", "a", " new\n", "a new\nb 2\n"},
         {"A old\n", "a", " new\n", "A old\na new\n"},
+        // A line feed that got lost comes back.
+        {"b old\r", "a", " new\r", "b old\r\na new\r\n"},
+        {"b old\r", "a", " new", "b old\r\na new\r\n"},
+        {"b old\na old\r", "a", " new", "b old\na new\n"},
+        {"a old\nb old\n", "a", " new\r", "a new\r\nb old\n"},
         {"\n\nno line \"\n", "a", " new\n", "\n\nno line \"\na new\n"},
     };
     for (const auto& row : rows) {
