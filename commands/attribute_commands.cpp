@@ -2,9 +2,9 @@
 
 #include "fileops/change_case_command.h"
 #include "fileops/change_date_command.h"
-#include "fileops/command_targets.h"
 #include "fileops/file_attributes_command.h"
 #include "fileops/file_information.h"
+#include "fileops/panel_paths.h"
 
 namespace zt {
 

@@ -2,6 +2,7 @@
 
 #include "fileops/make_directory.h"
 #include "fileops/make_link_command.h"
+#include "fileops/panel_paths.h"
 
 namespace zt {
 
@@ -11,10 +12,7 @@ void MakeDirectoryKey(LoopState& state, const KeyPress&) {
 }
 
 void MakeLinksKey(LoopState& state, const KeyPress&) {
-    CPanel& other = state.Other();
-    IPanelTree* tree = state.panels.seams.tree;
-    MakeLinkCommand(state.Active(),
-                    other.IsTree() && tree ? tree->SelectedPath(other) : other.path);
+    MakeLinkCommand(state.Active(), PanelDirectory(state.Other()));
     state.DrawAll();
 }
 

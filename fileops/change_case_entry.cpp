@@ -4,11 +4,10 @@
 #include <cerrno>
 #include <cwchar>
 
-#include "console/key_codes.h"
-#include "console/read_key.h"
 #include "fileops/change_case.h"
 #include "fileops/change_case_rename.h"
-#include "fileops/command_targets.h"
+#include "fileops/panel_paths.h"
+#include "fileops/screen_user.h"
 #include "foundation/result_codes.h"
 #include "foundation/settings.h"
 #include "panels/directory_scanner.h"
@@ -99,8 +98,7 @@ int ChangeCaseEntry(const Westring& directory, const entry& item, char nameMode,
 }
 
 bool StopAsked() {
-    const int32_t key = ReadKey(nullptr, 0);
-    return key == kKeyEsc || key == kKeyQuit;
+    return ScreenUser().EscapePressed();
 }
 
 }  // namespace zt

@@ -1,9 +1,8 @@
 // Which entries a command is about, and their paths.
 #include "fileops/command_targets.h"
 
-#include "fileops/destination_toggle.h"
+#include "fileops/panel_paths.h"
 #include "panels/panel.h"
-#include "panels/panel_pair.h"
 #include "ui/abbreviate_path.h"
 
 namespace zt {
@@ -32,16 +31,6 @@ Westring CommandTargets::Caption(int width) const {
     Westring name = At(0).name;
     AbbreviatePath(name, width);
     return name;
-}
-
-Westring PathOfEntry(const CPanel& panel, const entry& item) {
-    const IPanelTree* tree = panel.pair->seams.tree;
-    if (panel.IsTree() && tree) return panel.pair->seams.tree->SelectedPath(panel);
-    return PathInDirectory(panel.path, item.name);
-}
-
-Westring PathInDirectory(const Westring& directory, const Westring& name) {
-    return WithTrailingSlash(directory) + name;
 }
 
 }  // namespace zt

@@ -33,9 +33,4 @@ private:
     bool isGroup_;
 };
 
-// The path of an entry of the panel; in the tree style that of the row under the cursor.
-Westring PathOfEntry(const CPanel& panel, const entry& item);
-// The path of `name` in `directory`, with one '/' between.
-Westring PathInDirectory(const Westring& directory, const Westring& name);
-
 }  // namespace zt

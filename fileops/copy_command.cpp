@@ -10,11 +10,13 @@
 #include "fileops/copy_dialog.h"
 #include "fileops/copy_progress_window.h"
 #include "fileops/descriptions.h"
+#include "fileops/panel_paths.h"
 #include "fileops/screen_user.h"
 #include "foundation/file_name.h"
 #include "foundation/result_codes.h"
 #include "foundation/settings.h"
 #include "panels/cursor_movement.h"
+#include "panels/directory_reader.h"
 #include "panels/directory_sizes.h"
 #include "panels/navigation.h"
 #include "panels/panel_window.h"
@@ -38,10 +40,6 @@ const char* FaultText(DestinationFault fault) {
 
 bool IsReadOnlyMedia(const Westring& fileSystem) {
     return fileSystem == L"CDFS" || fileSystem == L"UDF";
-}
-
-bool IsCaseFiltered(const Westring& fileSystem) {
-    return !fileSystem.IsEmpty() && settings.caseFilter.FindNoCase(fileSystem) >= 0;
 }
 
 class CopyMove {
@@ -85,7 +83,7 @@ private:
 
 void CopyMove::Run(const Westring* preset) {
     if (source.Count() == 0) return;
-    operation.caseFilterSource = IsCaseFiltered(source.fileSystem);
+    operation.caseFilterSource = FoldsCase(source);
     operation.panels = source.pair;
     operation.readOnlyMediaSource = IsReadOnlyMedia(source.fileSystem);
     if (source.taggedCount == 0) {
@@ -177,7 +175,7 @@ void CopyMove::TransferTagged(const Westring& destination) {
     for (int i = 0; i < source.Count(); ++i) {
         entry& e = *source.entries.At(i);
         if (!e.tagged) continue;
-        const Westring from = EntryPath(source, e);
+        const Westring from = PathOfEntry(source, e);
         const Westring to = TargetOfMany(from, destination);
         const int result = Transfer(from, to, ++index, total);
         if (result == kDone) {
@@ -190,7 +188,7 @@ void CopyMove::TransferTagged(const Westring& destination) {
 }
 
 void CopyMove::RunSingle() {
-    const Westring from = EntryPath(source, *current);
+    const Westring from = PathOfEntry(source, *current);
     Westring to;
     const DestinationFault fault = ResolveForOne(choice.destination, from, source.path, to);
     if (fault != DestinationFault::kNone) {

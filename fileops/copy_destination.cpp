@@ -6,6 +6,7 @@
 #include <cwchar>
 
 #include "fileops/destination_toggle.h"
+#include "fileops/panel_paths.h"
 #include "fileops/target_name.h"
 #include "foundation/file_name.h"
 #include "foundation/normalize_path.h"
@@ -48,19 +49,6 @@ Westring BaseDirectory(const Westring& base) {
 }
 
 }  // namespace
-
-Westring JoinedPath(const Westring& directory, const Westring& name) {
-    return WithTrailingSlash(directory) + name;
-}
-
-Westring EntryPath(const CPanel& panel, const entry& e) {
-    return panel.IsTree() ? PanelDirectory(panel) : JoinedPath(panel.path, e.name);
-}
-
-Westring PanelDirectory(const CPanel& panel) {
-    IPanelTree* tree = panel.pair->seams.tree;
-    return panel.IsTree() && tree ? tree->SelectedPath(panel) : panel.path;
-}
 
 Westring SuggestedDestination(const CPanel& source, const CPanel& other, bool bareName) {
     const entry* current = source.Current();
@@ -118,10 +106,10 @@ DestinationFault ResolveForOne(const Westring& typed, const Westring& source, co
         return DestinationFault::kInvalidPath;
     }
     if (part.IsEmpty() || IsSame(part, name)) {
-        target = JoinedPath(directory, name);
+        target = PathInDirectory(directory, name);
         return DestinationFault::kNone;
     }
-    target = MapTargetName(source, JoinedPath(directory, part));
+    target = MapTargetName(source, PathInDirectory(directory, part));
     // "." and ".." as last parts have led here; boxes and comparisons want to see plain paths.
     if (MakeAbsolute(target, directory.c_str()) != 0) return DestinationFault::kInvalidPath;
     return DestinationFault::kNone;

@@ -14,14 +14,6 @@ enum class DestinationFault {
     kNotADirectory,     // several objects, and one name for all
 };
 
-// The full path of an entry. A panel without a directory of its own (its path is empty) has full
-// paths for names.
-Westring EntryPath(const CPanel& panel, const entry& e);
-// `directory` and `name` with one '/' between.
-Westring JoinedPath(const Westring& directory, const Westring& name);
-
-// The directory that a panel stands for: in the tree style the one under its cursor.
-Westring PanelDirectory(const CPanel& panel);
 // The other panel's directory with a '/' behind it, and with the current entry's name where
 // nothing is tagged; the name alone where the other panel shows no directory, or where `bareName`
 // asks for it.

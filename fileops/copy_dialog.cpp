@@ -1,37 +1,20 @@
+// What is asked before a copy or a move.
 #include "fileops/copy_dialog.h"
 
 #include <cwchar>
 #include <iterator>
 
-#include "console/key_codes.h"
-#include "console/program_state.h"
-#include "fileops/copy_destination.h"
-#include "fileops/destination_toggle.h"
-#include "foundation/colour_classes.h"
+#include "fileops/panel_paths.h"
 #include "foundation/file_name.h"
 #include "ui/abbreviate_path.h"
-#include "ui/field_history.h"
 
 namespace zt {
 
 namespace {
 
-constexpr int kWidth = 76;
-constexpr int kPlacement = -4;
-constexpr int kFieldColumns = 72;
-constexpr int kFieldLimit = 512;
 constexpr int kTitleNameColumns = 55;
 constexpr int kHeightBare = 7, kHeightWithOne = 9, kHeightWithBoth = 10;
-constexpr int kFieldRow = 2, kOptionsRow = 4;
-
-constexpr int kTreeKey = 0x10044;
-constexpr int kHistoryKey = 0x1002B;
-
-constexpr ButtonRow kButtons[] = {{kExitEnter, "_OK"},
-                                  {kExitEscape, "Cancel"},
-                                  {kTreeKey, "F10-_Tree"},
-                                  {kHistoryKey, "Dir _Hist"},
-                                  {0, nullptr}};
+constexpr int kOptionsRow = 4;
 
 struct OverwriteRow {
     int column;
@@ -74,7 +57,8 @@ Westring Title(const CCopyDlg::Form& form) {
 }  // namespace
 
 CCopyDlg::CCopyDlg(const Form& form_, Choice& choice_)
-    : Dialog(-1, kPlacement, kWidth, Height(form_), Colour(ColourClass::kMessages)),
+    : CDestinationDialog(form_.source, PanelDirectory(form_.other), Height(form_),
+                         choice_.destination),
       form(form_),
       choice(choice_) {
     AddElements();
@@ -82,9 +66,7 @@ CCopyDlg::CCopyDlg(const Form& form_, Choice& choice_)
 
 void CCopyDlg::AddElements() {
     int row = kOptionsRow;
-    AddText(1, 0, Title(form));
-    field = AddString(1, kFieldRow, true, choice.destination, kFieldColumns, kFieldLimit,
-                      kHistoryDestinations);
+    AddField(Title(form));
     if (CoversSeveral(form)) {
         AddText(1, row, "Overwrite");
         for (const OverwriteRow& button : kOverwriteRows) {
@@ -96,52 +78,21 @@ void CCopyDlg::AddElements() {
     if (MayDereference(form)) {
         AddCheck(1, row, true, choice.dereference, "_Dereference Symbolic Links", true);
     }
-    AddButtons(-1, -1, true, kButtons);
-    if (form.group > 0) return;
-    for (const int key : kToggleKeys)
-        AddExitKey(key);
+    const ButtonRow buttons[] = {{kExitEnter, "_OK"},
+                                 {kExitEscape, "Cancel"},
+                                 {kPickFromTree, "F10-_Tree"},
+                                 {kPickFromHistory, "Dir _Hist"},
+                                 {0, nullptr}};
+    AddButtons(-1, -1, true, buttons);
+    if (form.group == 0) AddToggle();
 }
 
 bool CCopyDlg::Ask() {
     for (;;) {
         SetExitCode(0);
         const int code = Run();
-        if (!HandleCode(code)) return code != kExitEscape;
+        if (!FillField(code)) return code != kExitEscape;
     }
-}
-
-bool CCopyDlg::HandleCode(int code) {
-    if (IsToggleKey(code)) {
-        choice.destination = ToggleDestination(choice.destination, PanelDirectory(form.other));
-        ShowDestination();
-        return true;
-    }
-    if (code == kTreeKey) PickFromTree();
-    if (code == kHistoryKey) PickFromHistory();
-    return code == kTreeKey || code == kHistoryKey;
-}
-
-// The text with the cursor behind it, as a text that has just come.
-void CCopyDlg::ShowDestination() {
-    DialogEvent event;
-    event.code = kKeyEnd;
-    SendEvent(field, event);
-}
-
-void CCopyDlg::PickFromTree() {
-    ITreeKeeper* trees = form.source.pair->seams.trees;
-    Westring path;
-    if (!trees || !trees->Pick(form.source, path, screenColumns / 2 - 2)) return;
-    choice.destination = path;
-    ShowDestination();
-}
-
-void CCopyDlg::PickFromHistory() {
-    IDirectoryChooser* history = form.source.pair->seams.history;
-    Westring path;
-    if (!history || !history->Pick(form.source, path)) return;
-    choice.destination = WithTrailingSlash(path);
-    ShowDestination();
 }
 
 }  // namespace zt

@@ -1,13 +1,13 @@
 // The dialog that asks where a copy or a move goes. First thread only; modal.
 #pragma once
 
+#include "fileops/destination_dialog.h"
 #include "fileops/file_operation.h"
 #include "panels/panel_pair.h"
-#include "ui/dialog.h"
 
 namespace zt {
 
-class CCopyDlg : public Dialog {
+class CCopyDlg : public CDestinationDialog {
 public:
     // What the dialog is for. The panels are borrowed.
     struct Form {
@@ -30,15 +30,9 @@ public:
 
 private:
     void AddElements();
-    // False when the code ends the dialog.
-    bool HandleCode(int code);
-    void ShowDestination();
-    void PickFromTree();
-    void PickFromHistory();
 
     Form form;
     Choice& choice;
-    int field = 0;
 };
 
 }  // namespace zt

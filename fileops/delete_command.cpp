@@ -8,9 +8,9 @@
 #include <cstring>
 
 #include "fileops/abort_guard.h"
-#include "fileops/command_targets.h"
 #include "fileops/delete_dialog.h"
 #include "fileops/delete_object.h"
+#include "fileops/panel_paths.h"
 #include "fileops/raw_listing.h"
 #include "fileops/screen_user.h"
 #include "foundation/file_name.h"

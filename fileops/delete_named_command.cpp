@@ -6,10 +6,10 @@
 #include <algorithm>
 
 #include "fileops/abort_guard.h"
-#include "fileops/command_targets.h"
 #include "fileops/delete.h"
 #include "fileops/delete_command.h"
 #include "fileops/delete_dialog.h"
+#include "fileops/panel_paths.h"
 #include "fileops/screen_user.h"
 #include "foundation/colour_classes.h"
 #include "foundation/file_name.h"

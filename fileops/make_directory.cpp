@@ -5,11 +5,11 @@
 
 #include <cerrno>
 
-#include "fileops/command_targets.h"
+#include "fileops/panel_paths.h"
 #include "foundation/file_name.h"
 #include "foundation/result_codes.h"
-#include "foundation/settings.h"
 #include "panels/cursor_movement.h"
+#include "panels/directory_reader.h"
 #include "panels/panel_pair.h"
 #include "panels/panel_window.h"
 #include "ui/dialog.h"
@@ -36,15 +36,6 @@ bool AskName(Westring& name) {
     return !name.IsEmpty();
 }
 
-Westring BaseDirectory(CPanel& panel) {
-    IPanelTree* tree = panel.pair->seams.tree;
-    return panel.IsTree() && tree ? tree->SelectedPath(panel) : panel.path;
-}
-
-bool FoldsCase(const CPanel& panel) {
-    return !panel.fileSystem.IsEmpty() && settings.caseFilter.FindNoCase(panel.fileSystem) >= 0;
-}
-
 enum class Made { kYes, kNo, kExists };
 
 // What stands in the way is named; other failures may be tried again.
@@ -67,12 +58,13 @@ Made MakeWithRetry(const Westring& path) {
     }
 }
 
-void FindMade(CPanel& panel, const Westring& name) {
-    // The list shows the name as the tree knows it.
-    Westring shown = FoldsCase(panel) ? name.ToUpper() : name;
-    while (shown.Length() > 1 && shown[shown.Length() - 1] == L'/')
-        shown = shown.DropRight(1);
-    FindName(panel, shown.c_str());
+// In the tree its path leads to it; a list shows its name as the tree knows it.
+void FindMade(CPanel& panel, const Westring& path, const Westring& name) {
+    if (panel.IsTree()) {
+        if (IPanelTree* tree = panel.pair->seams.tree) tree->Follow(panel, path);
+        return;
+    }
+    FindName(panel, name.c_str());
     panel.needPaint = true;
 }
 
@@ -82,17 +74,18 @@ void MakeDirectoryCommand(PanelPair& panels, int side) {
     CPanel& own = panels.panel[side];
     CPanel& panel = own.IsFiles() ? own : own.Other();
     Westring name;
-    if (!AskName(name)) return;
-    const Westring base = BaseDirectory(panel);
+    if (panel.archive || !AskName(name)) return;
+    const Westring base = PanelDirectory(panel);
     const Made made = MakeWithRetry(PathInDirectory(base, name));
     if (made == Made::kExists) return;
+    const Westring knownName = WithoutTrailingSlash(FoldsCase(panel) ? name.ToUpper() : name);
+    const Westring known = PathInDirectory(base, knownName);
     if (ITreeKeeper* trees = panels.seams.trees; trees && made == Made::kYes) {
-        trees->DirectoryAdded(panel,
-                              PathInDirectory(base, FoldsCase(panel) ? name.ToUpper() : name));
+        trees->DirectoryAdded(panel, known);
         trees->Save(panel);
     }
     RereadBoth(panels);
-    FindMade(panel, name);
+    if (made == Made::kYes) FindMade(panel, known, knownName);
 }
 
 }  // namespace zt

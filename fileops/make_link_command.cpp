@@ -3,37 +3,25 @@
 
 #include <sys/stat.h>
 
-#include "console/key_codes.h"
-#include "console/program_state.h"
 #include "fileops/command_targets.h"
+#include "fileops/destination_dialog.h"
 #include "fileops/destination_toggle.h"
 #include "fileops/make_link.h"
+#include "fileops/panel_paths.h"
 #include "foundation/file_name.h"
 #include "foundation/settings.h"
 #include "panels/panel.h"
 #include "panels/panel_pair.h"
 #include "panels/panel_window.h"
 #include "panels/tagging.h"
-#include "ui/abbreviate_path.h"
-#include "ui/dialog.h"
 #include "ui/message_box.h"
-#include "ui/update_freeze.h"
 
 namespace zt {
 
 namespace {
 
-constexpr int kFieldWidth = 72;
-constexpr int kFieldCharacters = 512;
+constexpr int kHeight = 9;
 constexpr int kNameWidth = 45;
-constexpr int32_t kTreeKey = kKeyF10;
-constexpr int32_t kDirectoryHistoryKey = 0x1002B;
-
-constexpr ButtonRow kButtons[] = {{kExitEnter, "_OK"},
-                                  {kExitEscape, "Cancel"},
-                                  {kTreeKey, "F10-Tree"},
-                                  {kDirectoryHistoryKey, "Dir Hist"},
-                                  {0, nullptr}};
 
 Westring Title(const CommandTargets& targets) {
     if (!targets.IsGroup()) {
@@ -49,20 +37,12 @@ Westring FullPath(const CPanel& panel, const Westring& typed) {
     return PathInDirectory(panel.path, typed);
 }
 
-// Without slashes at the end, but for that of the root.
-Westring WithoutTrailingSlash(const Westring& path) {
-    Westring result = path;
-    while (result.Length() > 1 && result[result.Length() - 1] == L'/')
-        result = result.DropRight(1);
-    return result;
-}
-
 bool IsDirectory(const Westring& path) {
     struct stat data;
     return stat(NameToBytes(path).c_str(), &data) == 0 && S_ISDIR(data.st_mode);
 }
 
-class CLinkDialog : public Dialog {
+class CLinkDialog : public CDestinationDialog {
 public:
     CLinkDialog(CPanel& panel, const CommandTargets& targets, const Westring& otherDirectory,
                 Westring& destination);
@@ -71,28 +51,27 @@ public:
 private:
     // False when the form is to stay.
     bool Accepts();
-    void HandleKey(int key);
 
-    CPanel& panel;
+    const CPanel& panel;
     const bool isGroup;
-    const Westring& otherDirectory;
-    Westring& destination;
+    const Westring& destination;
 };
 
 CLinkDialog::CLinkDialog(CPanel& panel_, const CommandTargets& targets,
                          const Westring& otherDirectory_, Westring& destination_)
-    : Dialog(-1, -4, 76, 9, Colour(ColourClass::kMessages)),
+    : CDestinationDialog(panel_, otherDirectory_, kHeight, destination_),
       panel(panel_),
       isGroup(targets.IsGroup()),
-      otherDirectory(otherDirectory_),
       destination(destination_) {
-    AddText(1, 0, Title(targets));
-    AddString(1, 2, true, destination, kFieldWidth, kFieldCharacters, kHistoryDestinations);
+    AddField(Title(targets));
     AddCheck(1, 4, true, settings.relativeLinks, "_Relative Link", true);
-    AddButtons(-1, -1, true, kButtons);
-    for (const int key : kToggleKeys) {
-        if (!isGroup) AddExitKey(key);
-    }
+    const ButtonRow buttons[] = {{kExitEnter, "_OK"},
+                                 {kExitEscape, "Cancel"},
+                                 {kPickFromTree, "F10-Tree"},
+                                 {kPickFromHistory, "Dir Hist"},
+                                 {0, nullptr}};
+    AddButtons(-1, -1, true, buttons);
+    if (!isGroup) AddToggle();
 }
 
 bool CLinkDialog::Ask() {
@@ -100,8 +79,7 @@ bool CLinkDialog::Ask() {
         SetExitCode(0);
         const int code = Run();
         if (code == kExitEscape) return false;
-        if (code == kExitEnter && Accepts()) return true;
-        HandleKey(code);
+        if (!FillField(code) && Accepts()) return true;
     }
 }
 
@@ -109,19 +87,6 @@ bool CLinkDialog::Accepts() {
     if (!isGroup || IsDirectory(FullPath(panel, WithoutTrailingSlash(destination)))) return true;
     MessageBox("Destination must be a valid directory", destination.c_str(), kBoxOk);
     return false;
-}
-
-void CLinkDialog::HandleKey(int key) {
-    const PanelSeams& seams = panel.pair->seams;
-    Westring picked;
-    if (IsToggleKey(key)) {
-        destination = ToggleDestination(destination, otherDirectory);
-    } else if (key == kTreeKey && seams.trees) {
-        if (seams.trees->Pick(panel, picked, screenColumns / 2 - 2)) destination = picked;
-    } else if (key == kDirectoryHistoryKey && seams.history) {
-        if (seams.history->Pick(panel, picked)) destination = WithTrailingSlash(picked);
-    }
-    Redraw(-1);
 }
 
 void MakeLinks(CPanel& panel, const CommandTargets& targets, const Westring& directory) {

@@ -92,8 +92,7 @@ void DirectoryRead::FindFileSystem() {
     if (panel_.archive || panel_.path[0] != L'/') return;
     LookUpMount(panel_.path, panel_.fileSystem, panel_.mountPoint);
     panel_.fileSystem = panel_.fileSystem.Left(kFileSystemCharacters);
-    foldNames_ =
-        !panel_.fileSystem.IsEmpty() && settings.caseFilter.FindNoCase(panel_.fileSystem) >= 0;
+    foldNames_ = FoldsCase(panel_);
 }
 
 void DirectoryRead::SetOldListAside() {
@@ -319,6 +318,10 @@ static void PutOffRead(CPanel& panel) {
     panel.subdirectories.Clear();
     panel.linkTargets.Clear();
     panel.top = panel.cursor = 0;
+}
+
+bool FoldsCase(const CPanel& panel) {
+    return !panel.fileSystem.IsEmpty() && settings.caseFilter.FindNoCase(panel.fileSystem) >= 0;
 }
 
 int ReadDirectory(CPanel& panel) {

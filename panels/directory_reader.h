@@ -11,4 +11,8 @@ struct CPanel;
 // key ends the reading, and what was read so far is the list. Always gives 0.
 int ReadDirectory(CPanel& panel);
 
+// True when the user's list of file systems that know one case of letters has the panel's, so that
+// its names are shown in capitals.
+bool FoldsCase(const CPanel& panel);
+
 }  // namespace zt

@@ -78,6 +78,18 @@ TEST_F(InterruptedCommands, OfLetterCaseGoOnAtOtherKeys) {
     EXPECT_TRUE(Exists("b"));
 }
 
+TEST_F(InterruptedCommands, OfLetterCaseStopAtAnEscBehindOtherKeys) {
+    tree.File("A");
+    tree.File("B");
+    TagFiles({"A", "B"});
+    Key(kKeyEnter);
+    Key('x');
+    Key(kKeyEsc);
+    ChangeCaseCommand(left);
+    EXPECT_TRUE(Exists("a"));
+    EXPECT_TRUE(Exists("B"));
+}
+
 TEST_F(InterruptedCommands, OfLetterCaseStopAtEscInsideADirectory) {
     tree.Folder("d");
     tree.File("d/A");

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include "fileops/copy_destination.h"
+#include "fileops/panel_paths.h"
 #include "foundation/file_name.h"
 #include "panels/cursor_movement.h"
 #include "tests/panels/panel_fixture.h"
@@ -57,11 +58,11 @@ TEST_F(CopyDestination, IsSuggestedByTheOtherPanel) {
 TEST_F(CopyDestination, PathOfAnEntryNeedsNoDirectory) {
     Start("src", "dst");
     const entry* e = Find(left, "a.txt");
-    EXPECT_EQ(At("src/a.txt"), Bytes(EntryPath(left, *e)));
+    EXPECT_EQ(At("src/a.txt"), Bytes(PathOfEntry(left, *e)));
     left.path = "/";
-    EXPECT_EQ("/a.txt", Bytes(EntryPath(left, *e)));
+    EXPECT_EQ("/a.txt", Bytes(PathOfEntry(left, *e)));
     left.path.Clear();
-    EXPECT_EQ("a.txt", Bytes(EntryPath(left, *e)));
+    EXPECT_EQ("a.txt", Bytes(PathOfEntry(left, *e)));
 }
 
 TEST_F(CopyDestination, LosesBlanksAroundItButNotOfTheName) {

@@ -56,13 +56,14 @@ public:
     void Link(CPanel&) override {}
     bool KnownTotal(const CPanel&, const wchar_t*, uint64_t&) override { return false; }
     void ReadDone(CPanel&, uint64_t) override {}
-    void Follow(CPanel&, const Westring&) override {}
+    void Follow(CPanel&, const Westring& path) override { followed = path; }
     Westring SelectedPath(const CPanel&) override { return selected; }
     void DrawRow(CPanel&, int, int) override {}
     void SetExpanded(CPanel&, bool, bool) override {}
     void ToSibling(CPanel&, int) override {}
 
     Westring selected;
+    Westring followed;
 };
 
 class MakeCommands : public PanelFixture {
@@ -150,7 +151,40 @@ TEST_F(MakeCommands, MakeTheDirectoryUnderTheRowOfTheTree) {
     EXPECT_TRUE(Exists("there/deep/new"));
     ASSERT_FALSE(keeper.calls.empty());
     EXPECT_EQ("added 0 " + tree.PathOf("there/deep/new"), keeper.calls[0]);
+    // Rows of other directories may have the same name.
+    EXPECT_EQ(tree.PathOf("there/deep/new"), Bytes(pathTree.followed));
+    Type("none/new");
+    Key(kKeyEnter);
+    Key(kKeyEsc);
+    MakeDirectoryCommand(*panels, 0);
+    EXPECT_NE(tree.PathOf("there/deep/none/new"), Bytes(pathTree.followed));
     left.style = kStyleFull;
+}
+
+TEST_F(MakeCommands, LeaveTheCursorWhenTheDirectoryIsFurtherDown) {
+    tree.Folder("here/sub");
+    tree.File("here/new");
+    Start("here", "there");
+    Type("sub/new/");
+    Key(kKeyEnter);
+    MakeDirectoryCommand(*panels, 0);
+    EXPECT_TRUE(Exists("here/sub/new"));
+    EXPECT_EQ("..", CurrentName(left));
+    EXPECT_THAT(keeper.calls, ElementsAre("added 0 " + tree.PathOf("here/sub/new"), "save 0"));
+}
+
+// The panel with the list is in an archive, where nothing can be made.
+TEST_F(MakeCommands, MakeNoDirectoryBesideAnArchive) {
+    Start("here", "there");
+    left.kind = kKindInfo;
+    char standIn = 0;
+    right.archive = reinterpret_cast<ArchiveFile*>(&standIn);
+    Type("new");
+    Key(kKeyEnter);
+    MakeDirectoryCommand(*panels, 0);
+    right.archive = nullptr;
+    EXPECT_FALSE(Exists("there/new"));
+    EXPECT_FALSE(Exists("here/new"));
 }
 
 class LinkCommand : public MakeCommands {
@@ -176,6 +210,16 @@ TEST_F(LinkCommand, TakesADirectoryFromTheTree) {
     EXPECT_EQ(tree.PathOf("here/a"), LinkText("there/picked"));
 }
 
+TEST_F(LinkCommand, AddsWhatIsTypedToTheDirectoryFromTheTree) {
+    PutOnA();
+    keeper.picked = tree.Wide("there");
+    Key(kKeyF10);
+    Type("/named");
+    Key(kKeyEnter);
+    MakeLinkCommand(left, L"/nowhere");
+    EXPECT_EQ(tree.PathOf("here/a"), LinkText("there/named"));
+}
+
 TEST_F(LinkCommand, KeepsItsTextWhenNothingIsPicked) {
     PutOnA();
     Key(kKeyF10);
@@ -189,7 +233,6 @@ TEST_F(LinkCommand, TakesADirectoryFromTheHistoryWithASlashBehindIt) {
     PutOnA();
     history.picked = tree.Wide("there");
     Key(0x1002B);
-    Key(kKeyEnd);
     Type("named");
     Key(kKeyEnter);
     MakeLinkCommand(left, L"/nowhere");
