@@ -12,6 +12,7 @@
 namespace zt::headless {
 namespace {
 
+using testing::ContainsRegex;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -265,6 +266,36 @@ TEST_F(ChangeCase, ShowsHowFarAGroupIs) {
     EXPECT_THAT(session.Text(), HasSubstr("║ █████████║"));
     EXPECT_THAT(session.Text(), HasSubstr("║░░░░░░░░░ ║"));
     session.Type("s");
+}
+
+TEST_F(ChangeCase, ShowsHowFarItIsInADirectory) {
+    tree.File("d/a").File("d/Bb").File("d/bb").File("E");
+    Session session(Here("CaseModRecurse=on\n"));
+    session.Press({"Down", "Ins", "Ins", "Ctrl-c", "Enter"});
+    ASSERT_TRUE(Shows(session, "File exists (17)")) << session.Text();
+    // The box of the error covers the middle; the sides of the window are to be seen.
+    const std::string text = session.Text();
+    EXPECT_THAT(text, HasSubstr("Changing file case"));
+    EXPECT_THAT(text, ContainsRegex("║ Processing files in [^║]*║"));
+    EXPECT_THAT(text, ContainsRegex("║ [123] +[║╔]"));
+    session.Type("s");
+}
+
+TEST_F(ChangeCase, EntersADirectoryWhoseNameWasTaken) {
+    tree.File("Dir/Inner").File("dir");
+    Session session(Here("CaseModRecurse=on\n"));
+    session.Press({"Down", "Ctrl-c", "Enter"});
+    ASSERT_TRUE(Shows(session, "File exists (17)")) << session.Text();
+    session.Type("s");
+    EXPECT_THAT(Names(), ElementsAre("Dir", "dir"));
+    EXPECT_THAT(Names("Dir"), ElementsAre("inner"));
+}
+
+TEST_F(ChangeCase, AbbreviatesALongName) {
+    tree.File(std::string(60, 'n'));
+    Session session(Here());
+    session.Press({"Down", "Ctrl-c"});
+    EXPECT_TRUE(Shows(session, "║    " + std::string(25, 'n') + "\u25BA    ║")) << session.Text();
 }
 
 TEST_F(ChangeCase, SkipsWhatMayNotBeRenamed) {

@@ -272,6 +272,14 @@ TEST_F(ChangeDate, OfAGroupStartsWithThePresentAndSetsAll) {
     EXPECT_THAT(PanelView(session, 0).Status(), HasSubstr("3 selected files"));
 }
 
+TEST_F(ChangeDate, AbbreviatesALongName) {
+    tree.File(std::string(60, 'n'));
+    Session session(Here());
+    session.Press("Down");
+    Open(session);
+    EXPECT_EQ("║  " + std::string(25, 'n') + "\u25BA   ║", Box(session)[2]);
+}
+
 TEST_F(ChangeDate, OfOneTaggedFileCountsIt) {
     tree.File("a");
     Session session(Here());

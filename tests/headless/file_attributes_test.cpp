@@ -449,6 +449,17 @@ TEST_F(RefusedAttributes, CancelledEndTheWalkAndKeepTheForm) {
     EXPECT_THAT(PanelView(session, 0).Status(), HasSubstr("3 selected files"));
 }
 
+// What is as wanted already is not asked of the system, which would refuse it.
+TEST_F(RefusedAttributes, AreNotAskedForWhenTheyStay) {
+    Session session(AsOrdinaryUser());
+    session.Press({"Down", "Ctrl-a"});
+    EXPECT_TRUE(Shows(session, "Owner root"));
+    session.Press("Enter");
+    EXPECT_FALSE(IsOpen(session)) << session.Text();
+    session.Press({"Ins", "Ins", "Ins", "Ctrl-a", "Enter"});
+    EXPECT_FALSE(IsOpen(session)) << session.Text();
+}
+
 TEST_F(RefusedAttributes, OfAnOwnerAreToldOf) {
     Session session(AsOrdinaryUser());
     session.Press({"Down", "Down", "Ctrl-a", "Tab", "Tab", "Tab"});
@@ -520,6 +531,20 @@ TEST_F(FileAttributes, TakeNamesOfAnyBytes) {
     }
     for (const std::string& name : OddNames())
         EXPECT_EQ(0644u, ModeOf(name)) << name;
+}
+
+TEST_F(FileAttributes, OfTheParentAreTheDirectorysOwn) {
+    tree.Folder("parent/here").Mode("parent", 0700).Mode("parent/here", 0755);
+    SessionOptions options = Here();
+    options.directory = tree.PathOf("parent/here");
+    Session session(options);
+    session.Press("Ctrl-a");
+    EXPECT_EQ("XXX |    |    ", Marks(session));
+    session.Press("Tab");
+    session.Type("5");
+    session.Press("Enter");
+    EXPECT_EQ(0750u, ModeOf("parent"));
+    EXPECT_EQ(0755u, ModeOf("parent/here"));
 }
 
 TEST_F(FileAttributes, AbbreviateALongName) {
