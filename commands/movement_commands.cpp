@@ -6,6 +6,18 @@
 
 namespace zt {
 
+namespace {
+
+// A cursor key ends the search also where it moves within the command line.
+void EndSearch(LoopState& state) {
+    Westring& text = state.Active().searchText;
+    if (text.IsEmpty()) return;
+    text.Clear();
+    state.drawCursorBar = true;
+}
+
+}  // namespace
+
 void UpKey(LoopState& state, const KeyPress& key) {
     if (state.bothPanelsOff) return RecallOlder(state, key);
     state.Active().searchText.Clear();
@@ -28,11 +40,13 @@ void PageDownKey(LoopState& state, const KeyPress&) {
 
 void LeftKey(LoopState& state, const KeyPress& key) {
     if (HasColumnKeys(state.Active())) return ColumnLeft(state.Active());
+    EndSearch(state);
     LineLeftOrShiftName(state, key);
 }
 
 void RightKey(LoopState& state, const KeyPress& key) {
     if (HasColumnKeys(state.Active())) return ColumnRight(state.Active());
+    EndSearch(state);
     LineRightOrShiftName(state, key);
 }
 

@@ -211,13 +211,15 @@ TEST_F(QuickSearch, IsEndedByAClickThatMovesTheCursor) {
     EXPECT_EQ("beta1.bak", Status(session));
 }
 
-TEST_F(QuickSearch, IsEndedByEveryKeyThatMovesTheCursor) {
-    Session session(Here(false));
-    for (const char* key : {"Up", "Down", "Home", "End", "PgUp", "PgDn"}) {
-        session.Press({"Home", "Alt-b", "Alt-e"});
-        EXPECT_EQ("Search: be", Status(session)) << key;
-        session.Press(key);
-        EXPECT_EQ(Bar(session), Status(session)) << key;
+TEST_F(QuickSearch, IsEndedByEveryCursorKey) {
+    for (const bool sticky : {false, true}) {
+        Session session(Here(sticky));
+        for (const char* key : {"Up", "Down", "Left", "Right", "Home", "End", "PgUp", "PgDn"}) {
+            session.Press({"Home", "Alt-b", "Alt-e"});
+            EXPECT_EQ("Search: be", Status(session)) << key;
+            session.Press(key);
+            EXPECT_EQ(Bar(session), Status(session)) << key << sticky;
+        }
     }
 }
 
