@@ -3,11 +3,15 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <thread>
+
 #include "panels/cursor_movement.h"
 #include "panels/directory_sizes_window.h"
 #include "panels/entry_sorting.h"
 #include "panels/tagging.h"
 #include "tests/panels/panel_fixture.h"
+#include "ui/abbreviate_path.h"
 
 namespace zt {
 namespace {
@@ -307,8 +311,37 @@ protected:
         const size_t end = text.find_last_not_of(' ');
         return end == std::string::npos ? "" : text.substr(0, end + 1);
     }
+    // Until the painting thread has come round to it.
+    bool ComesToShow(int row, const std::string& text) {
+        const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (Row(row) != text && std::chrono::steady_clock::now() < limit)
+            std::this_thread::yield();
+        return Row(row) == text;
+    }
     WalkProgress progress;
 };
+
+TEST_F(SizesWindow, FollowsTheWalkUntilItIsOver) {
+    Start();
+    progress.SetPath("/some/where");
+    DirectorySizesWindow window(progress);
+    EXPECT_TRUE(ComesToShow(4, std::string((52 - 11) / 2, ' ') + "/some/where")) << Row(4);
+    EXPECT_TRUE(ComesToShow(3, std::string((52 - 13) / 2, ' ') + "Total Size: 0")) << Row(3);
+    progress.AddDirectory();
+    progress.AddFile(77);
+    std::string path;
+    for (int i = 0; i < 12; ++i)
+        path += "/directory" + std::to_string(10 + i);
+    progress.SetPath(path.c_str());
+    Westring shown = path.c_str();
+    AbbreviatePath(shown, 50);
+    EXPECT_EQ(shown.Length(), 50);
+    EXPECT_TRUE(ComesToShow(4, std::string(" ") + shown.ToUtf8().c_str())) << Row(4);
+    EXPECT_TRUE(ComesToShow(3, std::string((52 - 14) / 2, ' ') + "Total Size: 77")) << Row(3);
+    EXPECT_TRUE(ComesToShow(2, std::string((52 - 26) / 2, ' ') + "Directories: 1   Files: 1"));
+    window.Finish(false);
+    EXPECT_EQ(Row(4), "");
+}
 
 TEST_F(SizesWindow, ShowsCountsAndSizeInTheMiddle) {
     Start();
