@@ -25,8 +25,8 @@ public:
     [[nodiscard]] int Open();
     [[nodiscard]] int Write(const char* block, int n);
     // Data, mode (the permissions of `source`) and time are in and the file is closed. With
-    // `settles` the disk has the data as well.
-    [[nodiscard]] int Finish(const struct stat& source, bool settles);
+    // `hurries` the data is on its way to the disk as well.
+    [[nodiscard]] int Finish(const struct stat& source, bool hurries);
     // The file gets its name. EEXIST when something has appeared under it meanwhile.
     [[nodiscard]] int Commit();
 

@@ -76,7 +76,7 @@ int FileTransfer::Copy() {
     struct stat now;
     if (code == kDone) code = source_.Examine(now);
     if (code == kDone && transfer_.move) code = CheckSource(now);
-    // The source may be the only copy that there is: it waits for the disk.
+    // The new file is soon the only one that there is.
     if (code == kDone) code = target_.Finish(now, transfer_.move);
     if (code == kDone && transfer_.move) code = AskForSource();
     if (code == kDone) code = target_.Commit();
@@ -97,7 +97,7 @@ int FileTransfer::CheckSource(const struct stat& now) {
     return code == kDone && IdentityOf(named) != IdentityOf(now) ? EBUSY : code;
 }
 
-// Bringing the data to the disk may have taken long. One that is gone is no concern of ours.
+// The question may have stood on the screen for long. One that is gone is no concern of ours.
 int FileTransfer::CheckSourceAgain() {
     struct stat now;
     int code = source_.Examine(now);
