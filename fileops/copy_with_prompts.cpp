@@ -7,7 +7,6 @@
 #include "fileops/target_look.h"
 #include "fileops/transfer.h"
 #include "fileops/transfer_questions.h"
-#include "foundation/case_fold.h"
 #include "foundation/file_name.h"
 #include "foundation/normalize_path.h"
 #include "foundation/result_codes.h"
@@ -39,11 +38,12 @@ public:
     int Run();
 
 private:
+    // Decided for this object.
+    bool Overwrites() const { return isOlder_ || (flags_ & kTransferMayReplace) != 0; }
     bool IsOlderThanTarget();
     int Try();
     Decision Decide(int code);
     Decision TargetInTheWay(int code);
-    Decision AskToOverwrite(int code);
     Decision TellItIsItself(const Westring& shown, int code);
     bool IsItself(const TargetLook& look) const;
 
@@ -53,7 +53,7 @@ private:
     CopyProgress* progress_;
     StdFile& descriptions_;
     int flags_;
-    bool overwrites_ = false;  // decided for this object
+    bool isOlder_ = false;  // what stands at the target, which decides for this object
 };
 
 int CopyWork::Run() {
@@ -71,19 +71,19 @@ int CopyWork::Run() {
 // Where older files only are overwritten: true when this one is to be left alone. A source that is
 // later decides for overwriting; times that cannot be told decide nothing.
 bool CopyWork::IsOlderThanTarget() {
-    if (overwrites_ || operation_.overwrite != OverwriteMode::kIfOlder) return false;
+    if (Overwrites() || operation_.overwrite != OverwriteMode::kIfOlder) return false;
     const TargetLook target = LookAtTarget(NameToBytes(target_));
     if (!target.Stands() || target.isDirectory) return false;
     const TargetLook source = LookAtTarget(NameToBytes(source_));
     if (!source.Stands()) return false;
-    overwrites_ = IsLater(source.modified, target.modified);
-    return !overwrites_;
+    isOlder_ = IsLater(source.modified, target.modified);
+    return !isOlder_;
 }
 
 int CopyWork::Try() {
     if (progress_) progress_->Start();
     operation_.toldReadError = false;
-    const bool overwrite = overwrites_ || operation_.overwrite == OverwriteMode::kAlways;
+    const bool overwrite = Overwrites() || operation_.overwrite == OverwriteMode::kAlways;
     return TransferObject(operation_, source_, target_, overwrite, false, progress_, descriptions_,
                           flags_);
 }
@@ -130,41 +130,14 @@ Decision CopyWork::TargetInTheWay(int code) {
     if (asked || !look.Stands() || look.isDirectory) {
         return AskAboutError(operation_, progress_, code, source_, target_);
     }
-    return AskToOverwrite(code);
+    return AskToOverwrite(operation_, progress_, code, target_, kBoxOkCancelSkipAllNoneAllOlder,
+                          flags_);
 }
 
 Decision CopyWork::TellItIsItself(const Westring& shown, int code) {
     const int answer =
         operation_.user.Ask(progress_, L"File cannot overwrite itself", shown, kBoxOkCancel);
     return Decision::End(answer == kAnswerEscape ? kCancelled : code);
-}
-
-Decision CopyWork::AskToOverwrite(int code) {
-    int answer = 'y';
-    if (operation_.overwrite == OverwriteMode::kNever) {
-        answer = 's';
-    } else if (operation_.overwrite != OverwriteMode::kAlways) {
-        answer = operation_.user.Ask(progress_, L"File already exists, Overwrite?", target_,
-                                     kBoxOkCancelSkipAllNoneAllOlder);
-    }
-    switch (LowerCaseOf(answer)) {
-        case 'a':
-            operation_.overwrite = OverwriteMode::kAlways;
-            [[fallthrough]];
-        case 'y':
-            overwrites_ = true;
-            return AskToClear(operation_, progress_, target_, flags_);
-        case 'd':
-            operation_.overwrite = OverwriteMode::kIfOlder;
-            return Decision::Again();
-        case kAnswerEscape:
-            return Decision::End(kCancelled);
-        case 'e':
-            operation_.overwrite = OverwriteMode::kNever;
-            [[fallthrough]];
-        default:
-            return Decision::End(code);
-    }
 }
 
 }  // namespace

@@ -8,17 +8,16 @@
 #include <string>
 
 #include "fileops/delete_object.h"
+#include "fileops/descriptions.h"
+#include "fileops/read_only_question.h"
 #include "foundation/file_name.h"
 #include "foundation/result_codes.h"
-#include "ui/dialog.h"
-#include "ui/message_box.h"
 
 namespace zt {
 
 namespace {
 
 constexpr int kGone = 1, kLeft = 0;
-constexpr char kDescriptionFile[] = "descript.ion";
 
 int Unlink(const DeleteSubject& subject) {
     return unlinkat(subject.directory, subject.name, 0) == 0 ? kDone : errno;
@@ -48,30 +47,7 @@ bool IsReadOnly(const DeleteSubject& subject) {
 
 bool IsDescriptionFile(const char* name) {
     const char* slash = strrchr(name, '/');
-    return strcasecmp(slash ? slash + 1 : name, kDescriptionFile) == 0;
-}
-
-// kGone to go on with a read-only file; otherwise what DeleteFile gives.
-int MayDeleteReadOnly(FileOperation& operation, const DeleteSubject& subject,
-                      IPausablePainter* painter) {
-    if (operation.deleteReadOnly == ReadOnlyMode::kAlways) return kGone;
-    if (operation.deleteReadOnly == ReadOnlyMode::kNever) return kLeft;
-    const int answer = operation.user.Ask(painter, "File is Read Only, Delete anyway?",
-                                          subject.path, kBoxOkCancelSkipAllNone);
-    switch (answer) {
-        case 'a':
-            operation.deleteReadOnly = ReadOnlyMode::kAlways;
-            return kGone;
-        case 'y':
-            return kGone;
-        case 'e':
-            operation.deleteReadOnly = ReadOnlyMode::kNever;
-            return kLeft;
-        case kExitEscape:
-            return kCancelled;
-        default:
-            return kLeft;
-    }
+    return strcasecmp(slash ? slash + 1 : name, kDescriptionFileName) == 0;
 }
 
 void DropDescription(const DeleteSubject& subject, DescriptionRemovals* removals) {
@@ -93,7 +69,7 @@ int DeleteWithQuestions(FileOperation& operation, const DeleteSubject& subject, 
         }
         if (painter) painter->Stop();
         if (code == EACCES && IsReadOnly(subject)) {
-            const int answer = MayDeleteReadOnly(operation, subject, painter);
+            const int answer = AskAboutReadOnly(operation, subject.path, painter);
             if (answer != kGone) return answer;
             code = Unlink(subject);
             if (code == kDone) return kGone;

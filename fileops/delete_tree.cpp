@@ -28,7 +28,6 @@ namespace {
 
 constexpr int kTreesUnasked = 4;  // bit of settings.confirmations
 constexpr size_t kOpenLevels = 32;
-constexpr char kDescriptionFile[] = "descript.ion";
 constexpr int kFinished = 0, kStopped = 1;
 
 int OpenDirectoryAt(int directory, const char* name) {
@@ -130,7 +129,7 @@ bool TreeDeletion::Enter(int directory, const char* name) {
     level.inode = found.st_ino;
     level.name = name;
     level.pathLength = path_.Length();
-    level.removals = DescriptionRemovals(level.listing.Has(kDescriptionFile));
+    level.removals = DescriptionRemovals(level.listing.Has(kDescriptionFileName));
     levels_.push_back(std::move(level));
     if (levels_.size() > kOpenLevels) {
         Level& outer = levels_[levels_.size() - 1 - kOpenLevels];

@@ -16,7 +16,6 @@ namespace zt {
 
 namespace {
 
-constexpr char kFileName[] = "descript.ion";
 constexpr char kTemporaryName[] = "descript.ion.zt@@@.tmp";
 constexpr int kOpenAttempts = 100;
 constexpr useconds_t kOpenPauseMicroseconds = 50'000;
@@ -70,7 +69,7 @@ Place PlaceOf(const Westring& path) {
 
 // Only a regular file: opening a FIFO of that name must not wait for its other end. -1 with errno.
 int OpenForReading(const Folder& folder) {
-    const std::string path = folder.PathOf(kFileName);
+    const std::string path = folder.PathOf(kDescriptionFileName);
     Descriptor file(openat(folder.descriptor, path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file < 0) return -1;
     struct stat found;
@@ -139,7 +138,7 @@ public:
         struct stat found;
         if (old >= 0 && fstat(old, &found) == 0) TakeAfter(found);
         if (!WriteAll(file_, content)) return false;
-        const std::string target = folder_.PathOf(kFileName);
+        const std::string target = folder_.PathOf(kDescriptionFileName);
         isRenamed_ =
             renameat(folder_.descriptor, path_.c_str(), folder_.descriptor, target.c_str()) == 0;
         return isRenamed_;
@@ -171,7 +170,7 @@ private:
 // A description file that is a link or no file is not replaced.
 bool IsReplaceable(const Folder& folder) {
     struct stat found;
-    const std::string path = folder.PathOf(kFileName);
+    const std::string path = folder.PathOf(kDescriptionFileName);
     if (fstatat(folder.descriptor, path.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0)
         return errno == ENOENT;
     return S_ISREG(found.st_mode);
@@ -190,7 +189,7 @@ bool IsReplaceable(const Folder& folder) {
     const std::string changed = change(content);
     if (changed == content) return true;
     if (!changed.empty()) return replacement.Commit(changed, old);
-    return unlinkat(folder.descriptor, folder.PathOf(kFileName).c_str(), 0) == 0;
+    return unlinkat(folder.descriptor, folder.PathOf(kDescriptionFileName).c_str(), 0) == 0;
 }
 
 void RemoveNames(const Folder& folder, const std::unordered_set<std::string>& names) {
@@ -245,7 +244,7 @@ void RemoveDescription(const Westring& path) {
 }
 
 bool HasDescriptions(int directory) {
-    return faccessat(directory, kFileName, F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+    return faccessat(directory, kDescriptionFileName, F_OK, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 void DescriptionRemovals::Apply(int directory) {

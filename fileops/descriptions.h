@@ -11,7 +11,7 @@
 
 namespace zt {
 
-inline constexpr wchar_t kDescriptionFileName[] = L"descript.ion";
+inline constexpr char kDescriptionFileName[] = "descript.ion";
 
 // Opens the description file of `directory` for reading; another program that has it for itself is
 // waited for (100 attempts, 50 ms apart). True when it is open.

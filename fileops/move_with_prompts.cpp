@@ -15,7 +15,6 @@
 #include "fileops/target_look.h"
 #include "fileops/transfer.h"
 #include "fileops/transfer_questions.h"
-#include "foundation/case_fold.h"
 #include "foundation/file_name.h"
 #include "foundation/normalize_path.h"
 #include "foundation/result_codes.h"
@@ -25,8 +24,6 @@
 namespace zt {
 
 namespace {
-
-constexpr char kDescriptions[] = "descript.ion";
 
 class MoveWork {
 public:
@@ -49,7 +46,6 @@ private:
     Decision Decide(int code);
     Decision Tell(int code);
     Decision TargetInTheWay(int code);
-    Decision AskToOverwrite(int code);
     int Merge();
     int RemoveSourceDirectory(bool isLeft);
 
@@ -61,7 +57,6 @@ private:
     CopyProgress* progress_;
     StdFile& descriptions_;
     bool renames_;
-    bool overwrites_ = false;
     int flags_ = 0;
 };
 
@@ -92,7 +87,8 @@ int MoveWork::Rename() {
 int MoveWork::Copy() {
     if (progress_) progress_->Start();
     operation_.toldReadError = false;
-    const bool overwrite = overwrites_ || operation_.overwrite == OverwriteMode::kAlways;
+    const bool overwrite =
+        (flags_ & kTransferMayReplace) != 0 || operation_.overwrite == OverwriteMode::kAlways;
     return TransferObject(operation_, source_, target_, overwrite, true, progress_, descriptions_,
                           flags_);
 }
@@ -137,33 +133,8 @@ Decision MoveWork::TargetInTheWay(int code) {
     const TargetLook source = LookAtTarget(NameToBytes(source_));
     const bool isDirectory = source.Stands() && source.isDirectory && !source.isLink;
     if (isDirectory && target.isDirectory) return Decision::End(Merge());
-    return AskToOverwrite(code);
-}
-
-// A move does not compare times.
-Decision MoveWork::AskToOverwrite(int code) {
-    int answer = 'y';
-    if (operation_.overwrite == OverwriteMode::kNever) {
-        answer = 's';
-    } else if (operation_.overwrite != OverwriteMode::kAlways) {
-        answer = operation_.user.Ask(progress_, L"File already exists, Overwrite?", target_,
-                                     kBoxOkCancelSkipAllNone);
-    }
-    switch (LowerCaseOf(answer)) {
-        case 'a':
-            operation_.overwrite = OverwriteMode::kAlways;
-            [[fallthrough]];
-        case 'y':
-            overwrites_ = true;
-            return AskToClear(operation_, progress_, target_, flags_);
-        case kAnswerEscape:
-            return Decision::End(kCancelled);
-        case 'e':
-            operation_.overwrite = OverwriteMode::kNever;
-            [[fallthrough]];
-        default:
-            return Decision::End(code);
-    }
+    // A move does not compare times.
+    return AskToOverwrite(operation_, progress_, code, target_, kBoxOkCancelSkipAllNone, flags_);
 }
 
 // What a merging needs for each level of a tree stands on the heap.
@@ -180,7 +151,7 @@ int MoveWork::Merge() {
     int code = LinkStatus(path, level->status);
     if (code == kDone) {
         code =
-            RefuseInsideItself(operation_, source_, target_, IdentityOf(level->status), progress_);
+            RefuseInsideItself(operation_, progress_, source_, target_, IdentityOf(level->status));
     }
     while (code == kDone && (code = level->names.Read(path)) != kDone) {
         const Decision decision = Tell(code);
@@ -191,7 +162,7 @@ int MoveWork::Merge() {
     NameList::Name name;
     bool isLeft = false;
     while (level->names.Next(name)) {
-        if (strcasecmp(name.bytes, kDescriptions) == 0) continue;
+        if (strcasecmp(name.bytes, kDescriptionFileName) == 0) continue;
         level->source = PathIn(source_, NameFromBytes(name.bytes));
         level->target = PathIn(target_, NameFromBytes(name.bytes));
         code = MoveWithPrompts(operation_, level->source, level->target, 1, 1, progress_,

@@ -8,12 +8,14 @@
 
 namespace zt {
 
+inline constexpr int kAnswerEscape = 27;
+
 class IOperationUser {
 public:
     virtual ~IOperationUser() = default;
 
-    // As MessageBox of ui/message_box.h: the answer is its letter, 27, or a blank. The painter,
-    // when there is one, is stopped first.
+    // As MessageBox of ui/message_box.h: the answer is its letter, kAnswerEscape, or a blank. The
+    // painter, when there is one, is stopped first.
     virtual int Ask(IPausablePainter* painter, const Westring& message, const Westring& name,
                     int type) = 0;
     // As FileErrorBox of ui/file_error_box.h; `secondName` may be empty.

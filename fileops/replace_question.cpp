@@ -6,13 +6,11 @@
 
 #include <cerrno>
 
+#include "fileops/read_only_question.h"
 #include "fileops/target_look.h"
-#include "foundation/case_fold.h"
 #include "foundation/file_name.h"
 #include "foundation/result_codes.h"
 #include "foundation/system_call.h"
-#include "ui/file_error_box.h"
-#include "ui/message_box.h"
 
 namespace zt {
 
@@ -20,7 +18,6 @@ namespace {
 
 constexpr int kStays = 0;
 constexpr int kMayGo = 1;
-constexpr int kEscape = 27;
 
 int Writable(const Estring& path, int flags) {
     auto ask = [&] { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS | flags); };
@@ -31,28 +28,6 @@ bool IsReadOnly(const Westring& path) {
     Westring directory = ParentOfPath(path);
     if (directory.IsEmpty()) directory = L".";
     return Writable(NameToBytes(path), 0) == EACCES && Writable(NameToBytes(directory), 0) == 0;
-}
-
-// kMayGo, kStays or kCancelled.
-int AskAboutReadOnly(FileOperation& operation, const Westring& path, IPausablePainter* painter) {
-    if (operation.deleteReadOnly == ReadOnlyMode::kAlways) return kMayGo;
-    if (operation.deleteReadOnly == ReadOnlyMode::kNever) return kStays;
-    const int answer = operation.user.Ask(painter, L"File is Read Only, Delete anyway?", path,
-                                          kBoxOkCancelSkipAllNone);
-    switch (LowerCaseOf(answer)) {
-        case 'a':
-            operation.deleteReadOnly = ReadOnlyMode::kAlways;
-            return kMayGo;
-        case 'y':
-            return kMayGo;
-        case 'e':
-            operation.deleteReadOnly = ReadOnlyMode::kNever;
-            return kStays;
-        case kEscape:
-            return kCancelled;
-        default:
-            return kStays;
-    }
 }
 
 }  // namespace

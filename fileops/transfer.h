@@ -39,9 +39,4 @@ struct Transfer {
 // The path of a name in a directory.
 Westring PathIn(const Westring& directory, const Westring& name);
 
-// kDone, or kCancelled after a box: `source`, a directory, is not to go into itself.
-[[nodiscard]] int RefuseInsideItself(FileOperation& operation, const Westring& source,
-                                     const Westring& target, const FileIdentity& identity,
-                                     CopyProgress* progress);
-
 }  // namespace zt

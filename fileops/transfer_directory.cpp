@@ -19,9 +19,9 @@
 #include "fileops/target_look.h"
 #include "fileops/temporary_name.h"
 #include "fileops/transfer.h"
+#include "fileops/transfer_questions.h"
 #include "foundation/case_fold.h"
 #include "foundation/file_name.h"
-#include "foundation/normalize_path.h"
 #include "foundation/result_codes.h"
 #include "foundation/system_call.h"
 #include "ui/message_box.h"
@@ -32,8 +32,6 @@ namespace {
 
 constexpr mode_t kPrivateDirectory = 0700;
 constexpr mode_t kPermissions = 07777;
-constexpr int kEscape = 27;
-constexpr char kDescriptions[] = "descript.ion";
 
 // The directories that a transfer is in the middle of, from the outermost in.
 class DirectoryLevel {
@@ -103,8 +101,8 @@ int DirectoryTransfer::CheckPlace() {
     if (!chain.empty()) {
         return std::find(chain.begin(), chain.end(), identity) != chain.end() ? ELOOP : kDone;
     }
-    return RefuseInsideItself(operation_, transfer_.source, transfer_.target, identity,
-                              transfer_.progress);
+    return RefuseInsideItself(operation_, transfer_.progress, transfer_.source, transfer_.target,
+                              identity);
 }
 
 int DirectoryTransfer::List() {
@@ -135,8 +133,8 @@ int DirectoryTransfer::MergeInto(int failure) {
     }
     const FileIdentity identity = IdentityOf(transfer_.status);
     if (look.Identity() == identity || (look.isLink && LeadsInto(transfer_.targetPath, identity))) {
-        return RefuseInsideItself(operation_, transfer_.source, transfer_.target, identity,
-                                  transfer_.progress);
+        return RefuseInsideItself(operation_, transfer_.progress, transfer_.source,
+                                  transfer_.target, identity);
     }
     return AskToMerge();
 }
@@ -157,7 +155,7 @@ int DirectoryTransfer::AskToMerge() {
         operation_.user.Ask(transfer_.progress, L"Directory already exists, merge with source?",
                             transfer_.target, kBoxOkCancelSkipAllNone);
     switch (LowerCaseOf(answer)) {
-        case kEscape:
+        case kAnswerEscape:
             return kCancelled;
         case 's':
             return kSkipped;
@@ -175,11 +173,11 @@ int DirectoryTransfer::TransferContents() {
     NameList::Name name;
     bool described = false;
     while (!described && names_.Next(name))
-        described = strcasecmp(name.bytes, kDescriptions) == 0;
+        described = strcasecmp(name.bytes, kDescriptionFileName) == 0;
     if (described) OpenDescriptions(descriptions_, transfer_.source);
     names_.Rewind();
     while (names_.Next(name)) {
-        if (strcasecmp(name.bytes, kDescriptions) == 0) continue;
+        if (strcasecmp(name.bytes, kDescriptionFileName) == 0) continue;
         const int code = TransferEntry(name);
         if (code < 0) return code;
         if (code > 0) left_++;
@@ -232,21 +230,6 @@ int DirectoryTransfer::RemoveSource() {
 Westring PathIn(const Westring& directory, const Westring& name) {
     const bool isClosed = directory[directory.Length() - 1] == '/';
     return isClosed ? directory + name : directory + L"/" + name;
-}
-
-int RefuseInsideItself(FileOperation& operation, const Westring& source, const Westring& target,
-                       const FileIdentity& identity, CopyProgress* progress) {
-    Westring from = source, to = target;
-    const Westring* wrong = nullptr;
-    if (MakeAbsolute(from, nullptr) != 0) wrong = &source;
-    if (!wrong && MakeAbsolute(to, nullptr) != 0) wrong = &target;
-    if (wrong) {
-        operation.user.Ask(progress, L"Invalid Path", *wrong, kBoxOk);
-        return kCancelled;
-    }
-    if (!PathLiesIn(to, from) && !LeadsInto(NameToBytes(to), identity)) return kDone;
-    operation.user.Ask(progress, L"Directory cannot be copied into itself", source, kBoxOk);
-    return kCancelled;
 }
 
 int TransferDirectory(Transfer& transfer) {

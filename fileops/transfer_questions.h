@@ -6,8 +6,6 @@
 
 namespace zt {
 
-inline constexpr int kAnswerEscape = 27;
-
 // What a question leads to: the transfer is tried again, or the object is finished with `code`.
 struct Decision {
     bool again;
@@ -25,9 +23,16 @@ Decision AskAboutError(FileOperation& operation, IPausablePainter* painter, int 
 Decision AskAboutOpenFile(FileOperation& operation, IPausablePainter* painter,
                           const Westring& source, int& flags);
 
-// The user agreed to overwrite: Again, with kTransferMayReplace among `flags`, when what stands at
-// the target may go, or an end with 1 or kCancelled.
-Decision AskToClear(FileOperation& operation, IPausablePainter* painter, const Westring& target,
-                    int& flags);
+// A file stands at the target, which is what `code` is about; `type` is the box's, with or without
+// the answer that brings in the times. Again, with kTransferMayReplace among `flags`, when the user
+// agreed and what stands there may go; Again when the times are to decide; or an end with `code`,
+// with 1 when the target is to stay after all, or kCancelled.
+Decision AskToOverwrite(FileOperation& operation, IPausablePainter* painter, int code,
+                        const Westring& target, int type, int& flags);
+
+// kDone, or kCancelled after a box: `source`, a directory, is not to go into itself.
+[[nodiscard]] int RefuseInsideItself(FileOperation& operation, IPausablePainter* painter,
+                                     const Westring& source, const Westring& target,
+                                     const FileIdentity& identity);
 
 }  // namespace zt

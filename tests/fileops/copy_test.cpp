@@ -569,6 +569,18 @@ TEST_F(LeaseTest, RemembersTheAnswer) {
     EXPECT_EQ(Content("b"), "content");
 }
 
+TEST_F(LeaseTest, AMoveToAnotherFileSystemAsksToo) {
+    if (!Hold()) GTEST_SKIP() << "no leases here";
+    user.Expect("File is open for writing, copy anyway?", tree.PathOf("a"), 's');
+    EXPECT_EQ(Move("a", "b", false), kOpenForWriting);
+    EXPECT_THAT(Names(), ElementsAre("a"));
+    if (!Hold()) GTEST_SKIP() << "no leases here";
+    user.Expect("File is open for writing, copy anyway?", tree.PathOf("a"), 'y');
+    EXPECT_EQ(Move("a", "b", false), kDone);
+    EXPECT_THAT(Names(), ElementsAre("b"));
+    EXPECT_EQ(Content("b"), "content");
+}
+
 TEST_F(CopyTest, ReadsAFifoUntilItsWritersAreGone) {
     ASSERT_EQ(mkfifo(tree.PathOf("fifo").c_str(), 0600), 0);
     int writer = -1;
