@@ -73,6 +73,49 @@ TEST_F(DeleteConfirmations, EachBitSwitchesItsQuestionOff) {
     }
 }
 
+// What may not be taken back is asked in the colour of alerts.
+TEST_F(DeleteConfirmations, HaveTheirColours) {
+    constexpr int kMessages = 0x70, kAlerts = 0x4F;
+    tree.File("top/dir/in");
+    Session session(Here());
+    Tag(session, {"dir"});
+    const struct {
+        const char* key;
+        const char* question;
+        int left, attribute;
+    } rows[] = {
+        {"F8", "first", 17, kMessages},
+        {"Enter", "group", 19, kAlerts},
+        {"Enter", "word", 24, kAlerts},
+    };
+    for (const auto& row : rows) {
+        session.Press(row.key);
+        EXPECT_EQ(row.question, Question(session));
+        EXPECT_EQ("╔", session.Piece(row.left, 4, 1)) << session.Text();
+        EXPECT_EQ(row.attribute, session.AttributeAt(row.left, 4)) << row.question;
+        EXPECT_EQ(row.attribute, session.AttributeAt(40, 5)) << row.question;
+    }
+    session.Press({"Esc", "Shift-F8"});
+    EXPECT_EQ("╔", session.Piece(2, 4, 1)) << session.Text();
+    EXPECT_EQ(kMessages, session.AttributeAt(2, 4));
+    session.Press("Esc");
+}
+
+TEST_F(DeleteConfirmations, ALongPathIsShortenedInTheGroupsBox) {
+    const std::string name(120, 'n');
+    tree.File("top/" + name + "/a");
+    SessionOptions options = Here(kNoFirst);
+    options.directory = tree.PathOf("top/" + name);
+    Session session(options);
+    Tag(session, {"a"});
+    session.Press("F8");
+    EXPECT_EQ("║ /tmp/..." + std::string(62, 'n') + " ║", session.Piece(3, 6, 74))
+        << session.Text();
+    EXPECT_EQ("║                           [ OK ]   [ Cancel ]", session.Piece(3, 8, 47));
+    session.Press("Alt-o");
+    EXPECT_FALSE(tree.Exists("top/" + name + "/a"));
+}
+
 TEST_F(DeleteConfirmations, FollowTheDialogOfTheOptions) {
     File("a");
     Session session(Here());

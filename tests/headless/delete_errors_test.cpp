@@ -80,6 +80,36 @@ TEST_F(DeleteErrors, AReadOnlyFileHasFiveAnswers) {
     }
 }
 
+TEST_F(DeleteErrors, CancelInABoxIsEsc) {
+    Files({"r1", "z"});
+    Session session(AsOrdinaryUser(kNoFirst | kNoGroup));
+    TagAll(session);
+    session.Press("F8");
+    EXPECT_TRUE(AsksReadOnly(session, "r1")) << session.Text();
+    session.Press({"Right", "Enter"});
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_THAT(Names(), ElementsAre("r1", "z"));
+
+    tree.Mode("top", 0555);
+    session.Press("F8");
+    EXPECT_TRUE(IsDenied(session, "r1")) << session.Text();
+    session.Press({"Right", "Right", "Enter"});
+    EXPECT_TRUE(IsOver(session)) << "nothing is said of the second";
+    EXPECT_THAT(Names(), ElementsAre("r1", "z"));
+}
+
+TEST_F(DeleteErrors, AReadOnlyFileLeavesItsDescription) {
+    Files({"a", "r1", "z"});
+    File("descript.ion", "a one\nr1 two\nz three\n");
+    Session session(AsOrdinaryUser(kNoFirst | kNoGroup));
+    Tag(session, {"a", "r1"});
+    session.Press("F8");
+    EXPECT_TRUE(AsksReadOnly(session, "r1")) << session.Text();
+    session.Press("Enter");
+    EXPECT_THAT(Names(), ElementsAre("descript.ion", "z"));
+    EXPECT_EQ("r1 two\nz three\n", tree.Content("top/descript.ion"));
+}
+
 TEST_F(DeleteErrors, TheDialogSaysWhatHappensToReadOnlyFiles) {
     const struct {
         const char* key;
@@ -273,6 +303,43 @@ TEST_F(DeleteErrors, AReadOnlyDirectoryHasAQuestionOfItsOwn) {
     session.Press("Enter");
     EXPECT_TRUE(IsOver(session));
     EXPECT_THAT(Names(), IsEmpty());
+}
+
+// "All" counts once, and "None" is for files.
+TEST_F(DeleteErrors, AReadOnlyDirectoryIsAskedAboutWhateverTheDialogSays) {
+    tree.Folder("top/dir");
+    tree.Mode("top/dir", 0555).Mode("top", 0555);
+    Session session(AsOrdinaryUser());
+    session.Press("Down");
+    for (const char* key : {"Alt-k", "Alt-a", "Alt-e"}) {
+        session.Press({"F8", key, "Enter"});
+        EXPECT_TRUE(Shows(session, "Directory is Read Only, Delete anyway?"))
+            << key << session.Text();
+        session.Press("Esc");
+        EXPECT_TRUE(IsOver(session)) << key;
+    }
+    EXPECT_THAT(Names(), ElementsAre("dir"));
+}
+
+TEST_F(DeleteErrors, EscAboutADirectoryDoesNotEndTheGroup) {
+    for (const bool isReadOnly : {false, true}) {
+        tree.Remove("top").Folder("top").Folder("top/d1").Folder("top/d2");
+        if (isReadOnly) tree.Mode("top/d1", 0555).Mode("top/d2", 0555);
+        Session session(AsOrdinaryUser(kNoFirst | kNoGroup));
+        TagAll(session);
+        tree.Mode("top", 0555);
+        session.Press("F8");
+        for (const char* name : {"d1", "d2"}) {
+            EXPECT_EQ(isReadOnly, Shows(session, "Directory is Read Only")) << session.Text();
+            EXPECT_EQ(!isReadOnly, IsDenied(session, name)) << session.Text();
+            EXPECT_TRUE(Shows(session, "/top/" + std::string(name) + " ")) << session.Text();
+            session.Press("Esc");
+        }
+        EXPECT_TRUE(IsOver(session));
+        EXPECT_THAT(Names(), ElementsAre("d1", "d2"));
+        EXPECT_TRUE(IsTagged(session, "d1") && IsTagged(session, "d2"));
+        tree.Mode("top", 0755);
+    }
 }
 
 TEST_F(DeleteErrors, AReadOnlyDirectoryThatMayGoIsNotAskedAbout) {

@@ -1,6 +1,10 @@
 // F8 and Shift-F8: what goes, what stays, and how the dialogs look.
 #include "tests/headless/delete_fixture.h"
 
+#include <unistd.h>
+
+#include <cstdlib>
+
 namespace zt::headless {
 namespace {
 
@@ -426,6 +430,39 @@ TEST_F(Deleting, ByNameTakesATypedName) {
         EXPECT_FALSE(tree.Exists(row.name)) << row.typed;
     }
     EXPECT_THAT(Names(), ElementsAre("a"));
+}
+
+TEST_F(Deleting, ByNameTakesNoMoreThanItsField) {
+    File("ab");
+    File("abc");
+    Session session(Here());
+    session.Press("Shift-F8");
+    std::string typed;
+    for (int i = 0; i < 255; i++)
+        typed += "./";
+    session.Type(typed + "abc");  // 513 characters
+    EXPECT_EQ("║ " + (typed + "ab").substr(512 - 71) + "  ║", session.Piece(2, 7, 76))
+        << "with the cursor behind its end";
+    session.Press({"Enter", "Enter"});
+    EXPECT_TRUE(IsOver(session));
+    EXPECT_THAT(Names(), ElementsAre("abc"));
+}
+
+TEST_F(Deleting, ByNameAsksInABoxOfALeastWidth) {
+    char folder[] = "/tmp/qXXXXXX";
+    ASSERT_TRUE(mkdtemp(folder));
+    const std::string path = folder;
+    Session session(Here());
+    session.Press("Shift-F8");
+    session.Type(path);
+    session.Press("Enter");
+    EXPECT_THAT(BoxRows(session, 27, 4, 26, 6),
+                Box({Centred("Do you wish to delete", 24), Centred(path, 24), std::string(24, ' '),
+                     Centred("[ OK ]  [ Cancel ]", 24)},
+                    24))
+        << session.Text();
+    session.Press("Enter");
+    EXPECT_EQ(-1, access(folder, F_OK));
 }
 
 TEST_F(Deleting, ByNameTellsOfAWrongNameAndStays) {
