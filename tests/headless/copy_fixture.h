@@ -7,36 +7,14 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "tests/support/panel_view.h"
+#include "tests/support/tree_elsewhere.h"
 
 namespace zt::headless {
-
-// A tree in a folder of one's own below another directory than the usual one.
-class TreeElsewhere {
-public:
-    explicit TreeElsewhere(const char* below) {
-        const char* before = getenv("TMPDIR");
-        const std::string kept = before ? before : "";
-        setenv("TMPDIR", below, 1);
-        tree = std::make_unique<FileTree>();
-        if (before) {
-            setenv("TMPDIR", kept.c_str(), 1);
-        } else {
-            unsetenv("TMPDIR");
-        }
-    }
-    FileTree* operator->() const { return tree.get(); }
-    FileTree& operator*() const { return *tree; }
-
-private:
-    std::unique_ptr<FileTree> tree;
-};
 
 // The type of the file system that is mounted at just this place; empty when none is.
 inline std::string FileSystemOf(const std::string& mountPoint) {
