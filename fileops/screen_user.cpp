@@ -32,18 +32,20 @@ constexpr int kTreeHeight = 7;
 constexpr int kWordLength = 4;
 constexpr int kUseButtons = 16;  // bit of settings.confirmations: no word is typed
 
-// At most so many characters of a path count for its short form: its head and its tail.
+int PathWidth() {
+    return std::max(screenColumns - kPathMargin, 1);
+}
+
+// The characters of a path that count for its short form.
+Westring HeadAndTail(const Westring& path) {
+    const int width = PathWidth();
+    if (path.Length() <= 4 * width) return path;
+    return path.Left(2 * width) + path.Right(2 * width);
+}
+
 Westring ShortPath(const Westring& path) {
-    const int width = std::max(screenColumns - kPathMargin, 1);
-    Westring text;
-    if (path.Length() > 4 * width) {
-        text = path.Left(2 * width);
-        text += path.Right(2 * width);
-    } else {
-        text = path;
-    }
-    text = ShownText(text);
-    AbbreviatePath(text, width);
+    Westring text = ShownText(HeadAndTail(path));
+    AbbreviatePath(text, PathWidth());
     return text;
 }
 
@@ -110,8 +112,8 @@ int ScreenUser::AskDeleteTree(const Westring& directory) {
 
 void ScreenUser::ShowDeleting(const Westring& path) {
     if (textWidth == 0) textWidth = kLeastDeletingWidth;
-    textWidth = std::max(textWidth, std::min(path.Length(), screenColumns - kPathMargin));
-    waitingPath = ShortPath(path);
+    textWidth = std::max(textWidth, std::min(path.Length(), PathWidth()));
+    waitingPath = HeadAndTail(path);
     isWaiting = true;
     const Clock::time_point now = Clock::now();
     if (window && now - drawn < kDrawingInterval) return;
@@ -134,8 +136,9 @@ void ScreenUser::DrawDeleting() {
         window->PrintCentred(0, "Deleting the file");
         windowTextWidth = width;
     }
-    const Westring left = Westring::Repeat(L' ', (width - waitingPath.Length()) / 2);
-    window->Print(0, 1, (left + waitingPath).PadRight(width));
+    const Westring shown = ShortPath(waitingPath);
+    const Westring left = Westring::Repeat(L' ', (width - shown.Length()) / 2);
+    window->Print(0, 1, (left + shown).PadRight(width));
 }
 
 void ScreenUser::HideDeleting() {

@@ -36,7 +36,7 @@ private:
     std::unique_ptr<Win> window;
     int windowTextWidth = 0;  // of the window that stands
     int textWidth = 0;        // 0: no deletion is shown
-    Westring waitingPath;     // not yet drawn; abbreviated
+    Westring waitingPath;     // not yet drawn
     bool isWaiting = false;
     Clock::time_point drawn;
     Clock::time_point polled;
