@@ -23,11 +23,6 @@ bool EndsInSlash(const Westring& text) {
     return !text.IsEmpty() && text[text.Length() - 1] == L'/';
 }
 
-bool HasMask(const Westring& path) {
-    const Westring name = NameOfPath(path);
-    return name.Find(L'*') >= 0 || name.Find(L'?') >= 0;
-}
-
 // 0 where nothing is to be seen.
 mode_t KindOf(const Westring& path) {
     struct stat data;
@@ -77,7 +72,7 @@ DestinationFault ResolveForMany(const Westring& typed, const Westring& base,
         return DestinationFault::kNone;
     }
     Westring tested = destination;
-    if (HasMask(destination)) {
+    if (IsMask(NameOfPath(destination))) {
         tested = ParentOfPath(destination);
         meansDirectory = true;
     }

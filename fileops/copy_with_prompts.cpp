@@ -4,6 +4,7 @@
 
 #include "fileops/abort_guard.h"
 #include "fileops/copy.h"
+#include "fileops/panel_paths.h"
 #include "fileops/target_look.h"
 #include "fileops/transfer.h"
 #include "fileops/transfer_questions.h"
@@ -120,7 +121,7 @@ bool CopyWork::IsItself(const TargetLook& look) const {
 
 Decision CopyWork::TargetInTheWay(int code) {
     Westring absolute = source_;
-    if (source_[0] != '/') absolute = PathIn(WorkingDirectory(), source_);
+    if (source_[0] != '/') absolute = PathInDirectory(WorkingDirectory(), source_);
     const TargetLook look = LookAtTarget(NameToBytes(target_));
     if (SameName(absolute, target_) || SameName(source_, target_) || IsItself(look)) {
         return TellItIsItself(absolute, code);

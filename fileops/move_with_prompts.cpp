@@ -11,6 +11,7 @@
 #include "fileops/copy.h"
 #include "fileops/descriptions.h"
 #include "fileops/name_list.h"
+#include "fileops/panel_paths.h"
 #include "fileops/rename_object.h"
 #include "fileops/target_look.h"
 #include "fileops/transfer.h"
@@ -163,8 +164,8 @@ int MoveWork::Merge() {
     bool isLeft = false;
     while (level->names.Next(name)) {
         if (strcasecmp(name.bytes, kDescriptionFileName) == 0) continue;
-        level->source = PathIn(source_, NameFromBytes(name.bytes));
-        level->target = PathIn(target_, NameFromBytes(name.bytes));
+        level->source = PathInDirectory(source_, NameFromBytes(name.bytes));
+        level->target = PathInDirectory(target_, NameFromBytes(name.bytes));
         code = MoveWithPrompts(operation_, level->source, level->target, 1, 1, progress_,
                                level->descriptions, renames_);
         if (code < 0 || AbortGuard::Asked(operation_)) return kCancelled;

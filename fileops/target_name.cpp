@@ -12,10 +12,6 @@ namespace zt {
 
 namespace {
 
-bool IsMask(const Westring& name) {
-    return name.Find('*') >= 0 || name.Find('?') >= 0;
-}
-
 bool IsExistingDirectory(const Westring& path) {
     struct stat status;
     return FollowedStatus(NameToBytes(path), status) == 0 && S_ISDIR(status.st_mode);
@@ -57,6 +53,10 @@ Westring ByMask(const Westring& source, const Westring& mask) {
 }
 
 }  // namespace
+
+bool IsMask(const Westring& name) {
+    return name.Find('*') >= 0 || name.Find('?') >= 0;
+}
 
 Westring MapTargetName(const Westring& source, const Westring& destination) {
     const bool closed = EndsInSlash(destination);

@@ -36,7 +36,4 @@ struct Transfer {
                                     CopyProgress* progress, StdFile& descriptions,
                                     int transferFlags);
 
-// The path of a name in a directory.
-Westring PathIn(const Westring& directory, const Westring& name);
-
 }  // namespace zt

@@ -15,6 +15,7 @@
 #include "fileops/descriptions.h"
 #include "fileops/inside_itself.h"
 #include "fileops/name_list.h"
+#include "fileops/panel_paths.h"
 #include "fileops/rename_object.h"
 #include "fileops/target_look.h"
 #include "fileops/temporary_name.h"
@@ -190,7 +191,7 @@ int DirectoryTransfer::TransferContents() {
 bool DirectoryTransfer::LosesCase(const NameList::Name& name) const {
     if (!operation_.caseFilterSource) return false;
     if (name.type != DT_UNKNOWN) return name.type != DT_DIR;
-    const Westring path = PathIn(transfer_.source, NameFromBytes(name.bytes));
+    const Westring path = PathInDirectory(transfer_.source, NameFromBytes(name.bytes));
     struct stat status;
     return LinkStatus(NameToBytes(path), status) == 0 && !S_ISDIR(status.st_mode);
 }
@@ -198,8 +199,8 @@ bool DirectoryTransfer::LosesCase(const NameList::Name& name) const {
 int DirectoryTransfer::TransferEntry(const NameList::Name& listed) {
     Westring name = NameFromBytes(listed.bytes);
     if (LosesCase(listed)) name = name.ToLower();
-    const Westring source = PathIn(transfer_.source, name);
-    const Westring target = PathIn(transfer_.target, name);
+    const Westring source = PathInDirectory(transfer_.source, name);
+    const Westring target = PathInDirectory(transfer_.target, name);
     if (transfer_.move) {
         return MoveWithPrompts(operation_, source, target, 1, 1, transfer_.progress, descriptions_,
                                false);
@@ -226,11 +227,6 @@ int DirectoryTransfer::RemoveSource() {
 }
 
 }  // namespace
-
-Westring PathIn(const Westring& directory, const Westring& name) {
-    const bool isClosed = directory[directory.Length() - 1] == '/';
-    return isClosed ? directory + name : directory + L"/" + name;
-}
 
 int TransferDirectory(Transfer& transfer) {
     return std::make_unique<DirectoryTransfer>(transfer)->Run();
