@@ -8,6 +8,7 @@
 #include "commands/screen_commands.h"
 #include "console/program/exit_script.h"
 #include "console/program/main_loop.h"
+#include "console/program/remote_session.h"
 #include "console/program/working_directory.h"
 #include "console/program_state.h"
 #include "foundation/file_name.h"
@@ -56,6 +57,7 @@ int Application::Run() {
     SetConfigurationFile(NameFromBytes(options.iniFile.c_str()));
     RefreshScreenSize();
     configuration.Read();
+    if (!options.remoteHost.IsEmpty()) return RunDisplay();
     EnforceMinimumSize();
     SetUpLocale();
     LoadHistory(state.history);
@@ -69,6 +71,14 @@ int Application::Run() {
     if (!options.exitScript.IsEmpty()) {
         WriteExitScript(options.exitScript, RealDirectory(state.Active()));
     }
+    return 0;
+}
+
+// Nothing of the program itself runs: it is the display of another one.
+int Application::RunDisplay() {
+    OpenConnection(*console, options.remoteHost);
+    RefreshScreenSize();
+    LeaveScreen();
     return 0;
 }
 

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] int Run();
 
 private:
+    [[nodiscard]] int RunDisplay();
     void LoadIcons();
     void FillSeams();
     void SetUpLocale();

@@ -89,7 +89,6 @@ OptionsResult ParseOptions(int argc, char* const* argv, bool takesHost, ProgramO
 Estring MissingFeature(const ProgramOptions& options) {
     if (!options.viewFile.IsEmpty()) return "the internal viewer (-v) is not there yet\n";
     if (!options.editFile.IsEmpty()) return "the internal editor (-e) is not there yet\n";
-    if (!options.remoteHost.IsEmpty()) return "remote sessions (-h) are not there yet\n";
     return Estring();
 }
 
