@@ -38,6 +38,14 @@ Westring ExtensionOf(const Westring& name) {
     return dot < 0 ? Westring() : name.Right(name.Length() - dot - 1);
 }
 
+// An extension follows something else in a word, so that a dash in front needs no path before it.
+Westring ExtensionWord(const Westring& extension) {
+    int dashes = 0;
+    while (extension[dashes] == L'-')
+        dashes++;
+    return extension.Left(dashes) + ShellWord(extension.Right(extension.Length() - dashes));
+}
+
 // The names of the tagged entries, or of the one under the cursor.
 std::vector<Westring> ChosenNames(const CPanel& panel, bool asPaths) {
     std::vector<Westring> names;
@@ -180,7 +188,7 @@ Westring CommandTemplate::ExpandFor(const TemplateSource& source, const Westring
                 command += ShellWord(BaseOf(name));
                 break;
             case L'e':
-                command += ShellEscape(ExtensionOf(name));
+                command += ExtensionWord(ExtensionOf(name));
                 break;
             case L'p':
                 if (!name.IsEmpty()) command += ShellWord(PathIn(source.panel, name));

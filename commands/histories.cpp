@@ -142,8 +142,9 @@ void RemoveCommand(CommandHistory& history, const Westring& text) {
     static_cast<void>(TheFile().Change([&text](EstringStore& lines) {
         for (int i = lines.Count() - 1; i >= 0; i--) {
             const HistoryLine line = ParseHistoryLine(*lines.At(i));
-            if (line.field < 0 && wcscmp(line.text.c_str(), text.c_str()) == 0)
-                lines.DeleteCurrent();
+            // As it is known here: read without the white space before it.
+            const Westring command = line.text.TrimLeft();
+            if (line.field < 0 && wcscmp(command.c_str(), text.c_str()) == 0) lines.DeleteCurrent();
         }
     }));
 }

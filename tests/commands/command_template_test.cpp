@@ -67,6 +67,8 @@ TEST_F(CommandTemplateTest, CutsNamesAtTheLastDot) {
     EXPECT_EQ(Expand("[!b][!e]", L"plain"), "[plain][]");
     EXPECT_EQ(Expand("[!b][!e]", L".rc"), "[][rc]");
     EXPECT_EQ(Expand("[!b][!e]", L"end."), "[end][]");
+    EXPECT_EQ(Expand("!e", L"a.*b"), "\\*b");
+    EXPECT_EQ(Expand("!e", L"a.--x?"), "--x\\?");
 }
 
 TEST_F(CommandTemplateTest, ANameWithADashInFrontIsNoOption) {

@@ -184,7 +184,7 @@ TEST_F(Histories, TheSearchIsForPlainTextFromTheLineItStandsOn) {
 TEST_F(Histories, DelAsksAndRemovesTheCommand) {
     Session session(
         WithHistory("one\r\n10\x19"
-                    "field\r\ntwo\r\nthree\r\ntwo\r\n"));
+                    "field\r\n two\r\nthree\r\ntwo\r\n"));
     session.Press({"Alt-F8", "Home", "Del"});
     EXPECT_THAT(session.Text(), HasSubstr("Remove command from history?"));
     session.Press("Esc");
