@@ -89,6 +89,8 @@ public:
     virtual void SetScrollBackSink(IScrollBackSink* sink) = 0;
     // Nobody sees this screen any more, nor types, and nobody will again.
     virtual bool HasEnded() { return false; }
+    // The user wants the screen gone, and nobody has read it yet: what runs on it is hung up.
+    virtual bool IsClosing() { return HasEnded(); }
 };
 
 }  // namespace zt

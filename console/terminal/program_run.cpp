@@ -153,7 +153,7 @@ int Run::MillisecondsToFrame() const {
 }
 
 ProgramEnd Run::Loop() {
-    while (!console.HasEnded()) {
+    while (!console.IsClosing()) {
         LookForEnd();
         FollowSize();
         const int idle = hasEnded ? 0 : kIdleMilliseconds;
@@ -171,7 +171,7 @@ ProgramEnd Run::Loop() {
     console.CloseTerminal();
     // A program is hung up when nobody will look any more; one that has only closed its terminal
     // gets the time to end by itself first.
-    if (console.HasEnded()) pty.Close();
+    if (console.IsClosing()) pty.Close();
     WaitForEnd();
     pty.Close();
     return end;

@@ -26,8 +26,9 @@ struct ProgramEnd {
 };
 
 // The run ends when the program has ended and all that it wrote is shown; when nobody has the
-// terminal open any more; or when the console has ended, which hangs the terminal up.
-// A new size of the console is told to the program. Meanwhile SIGCHLD is blocked in this thread.
+// terminal open any more; or when the console has ended or is to close, which hangs the terminal
+// up. A new size of the console is told to the program. Meanwhile SIGCHLD is blocked in this
+// thread.
 [[nodiscard]] ProgramEnd RunProgram(IConsole& console, const ProgramStart& start);
 
 }  // namespace zt

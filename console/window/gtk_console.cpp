@@ -101,7 +101,9 @@ bool CConsole::ReadEvent(TEvent& event, int timeoutMilliseconds) {
         std::lock_guard<std::recursive_mutex> guard(gridLock);
         if (!pending.IsEmpty()) frames.Request(FrameTimer::Urgency::kNow);
     }
-    return events.Pop(event, timeoutMilliseconds);
+    if (!events.Pop(event, timeoutMilliseconds)) return false;
+    if (event.code == CloseEvent().code) closing = false;
+    return true;
 }
 
 int CConsole::PendingEvents() {

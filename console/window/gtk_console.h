@@ -32,6 +32,7 @@ public:
 
     bool ReadEvent(TEvent& event, int timeoutMilliseconds) override;
     int PendingEvents() override;
+    bool IsClosing() override { return closing; }
 
     void SetTitle(const Westring& title) override;
     void SetRemoteHost(const Estring& host);
@@ -108,6 +109,7 @@ private:
     bool hidden = false;  // GTK thread only
     Estring remoteHost;
     CEventQueue events;
+    std::atomic<bool> closing{false};   // the close button was pressed, its key is not read yet
     GtkIMContext* imContext = nullptr;  // GTK thread only
 
     PendingPaint pending;           // under gridLock

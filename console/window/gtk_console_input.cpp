@@ -92,6 +92,7 @@ bool CConsole::on_scroll_event(GdkEventScroll* event) {
 }
 
 bool CConsole::on_delete_event(GdkEventAny*) {
+    closing = true;
     events.Push(CloseEvent());
     return true;
 }

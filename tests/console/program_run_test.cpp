@@ -26,7 +26,9 @@ class RunConsole : public FakeConsole {
 public:
     using FakeConsole::FakeConsole;
     bool HasEnded() override { return hasEnded; }
+    bool IsClosing() override { return hasEnded || isClosing; }
     std::atomic<bool> hasEnded{false};
+    std::atomic<bool> isClosing{false};
 };
 
 class ProgramRun : public testing::Test {
@@ -300,6 +302,17 @@ TEST_F(ProgramRun, AConsoleThatEndsHangsUp) {
     const ProgramEnd end = Shell("trap 'exit 9' HUP; echo ready; while :; do sleep 0.02; done");
     user.join();
     EXPECT_EQ(end.Status(), 9);
+}
+
+TEST_F(ProgramRun, AConsoleThatIsToCloseHangsUp) {
+    std::thread user([&] {
+        EXPECT_TRUE(WaitForText("ready"));
+        console.isClosing = true;
+    });
+    const ProgramEnd end = Shell("trap 'exit 9' HUP; echo ready; while :; do sleep 0.02; done");
+    user.join();
+    EXPECT_EQ(end.Status(), 9);
+    EXPECT_EQ(console.Terminal(), nullptr);
 }
 
 TEST_F(ProgramRun, TellsANewSize) {

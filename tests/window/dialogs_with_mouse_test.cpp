@@ -3,27 +3,16 @@
 //
 // Nothing waits between two clicks: they reach the program in the order in which they were made.
 #include <X11/keysym.h>
-#include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "tests/support/child_process.h"
-#include "tests/support/file_tree.h"
-#include "wait_for.h"
-#include "x_client.h"
-#include "x_server.h"
+#include "whole_program.h"
 
 namespace zt::testing {
 
 namespace {
-
-using headless::ChildProcess;
-using headless::FileTree;
-using headless::ProcessOptions;
 
 constexpr int kColumns = 80;
 constexpr int kRows = 25;
@@ -69,45 +58,8 @@ constexpr Cell In(Cell origin, int column, int row) {
     return {origin.column + column, origin.row + row};
 }
 
-class DialogsWithMouse : public ::testing::Test {
+class DialogsWithMouse : public WholeProgramTest {
 protected:
-    void SetUp() override {
-        ASSERT_TRUE(server.IsRunning()) << "Xvfb did not start";
-        const char* before = getenv("DISPLAY");
-        if (before) displayBefore = before;
-        setenv("DISPLAY", server.Display().c_str(), 1);
-        user = std::make_unique<XClient>();
-    }
-
-    void TearDown() override {
-        process.Kill();
-        user.reset();
-        if (displayBefore.empty()) {
-            unsetenv("DISPLAY");
-        } else {
-            setenv("DISPLAY", displayBefore.c_str(), 1);
-        }
-    }
-
-    // With these settings, until both panels can be there.
-    void Start(const std::string& settings) {
-        home.File(".ztx/zt.ini", settings);
-        const char* path = getenv("ZT");
-        ProcessOptions options;
-        options.program = path ? path : ZT_PROGRAM;
-        options.directory = home.Path();
-        options.environment = {
-            {"HOME", home.Path()},     {"LANG", "C.UTF-8"},           {"TZ", "UTC"},
-            {"PATH", "/usr/bin:/bin"}, {"DISPLAY", server.Display()}, {"SHELL", "/bin/sh"}};
-        ASSERT_TRUE(process.Start(options));
-        ASSERT_TRUE(WaitFor([&] {
-            return process.HasEnded() ||
-                   (user->FindWindow() && user->Title() == "Zanthe: " + home.Path());
-        }));
-        ASSERT_FALSE(process.HasEnded()) << process.Status();
-        user->Focus();
-    }
-
     void MoveTo(Cell cell) {
         const WindowPlace place = user->Place();
         const int width = place.width / kColumns;
@@ -152,20 +104,6 @@ protected:
         }
         return "(no such key)";
     }
-
-    // Quits with the keyboard: whatever was asked for before has then been done.
-    void Quit() {
-        user->Tap(0, XK_F10);
-        user->Tap(0, XK_Return);
-        ASSERT_TRUE(WaitFor([&] { return process.HasEnded(); }));
-        EXPECT_EQ(0, process.Status());
-    }
-
-    XServer server;
-    std::string displayBefore;
-    FileTree home;
-    ChildProcess process;
-    std::unique_ptr<XClient> user;
 };
 
 // One element of the configuration dialog clicked, and a key where it takes one.
