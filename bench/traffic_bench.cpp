@@ -70,6 +70,9 @@ constexpr int kDrawnAnewCells = kWideScreen;  // all is drawn after that dialog,
 constexpr int kFieldCells = 20;
 constexpr int kMostBytesPerCell = 4;
 
+// Of 1,000 lines: 25 bytes of text each, and as much again around it.
+constexpr int kMostOutputBytes = 50000;
+
 struct BoxStep {
     const char* key;
     const char* what;
@@ -149,6 +152,19 @@ void MeasureBoxes(Figures& figures, const FileTree& tree) {
     }
 }
 
+// A program that writes as fast as it can: what has scrolled by unseen need not be sent.
+void MeasureOutput(Figures& figures, const FileTree& tree) {
+    SessionOptions options;
+    options.directory = tree.Path();
+    Session session(options);
+    session.Press("Ctrl-o");
+    session.Type("seq -f 'line %g of the output' 1000");
+    session.Press("Enter");
+    const bool done = session.Text().find("line 1000 of the output") != std::string::npos;
+    const double bytes = static_cast<double>(session.LastTraffic().bytes);
+    figures.Budget("program writes 1,000 lines, bytes", done ? bytes : -1, "B", kMostOutputBytes);
+}
+
 }  // namespace
 
 int Main() {
@@ -161,6 +177,7 @@ int Main() {
     }
     Figures figures("Boxes over a full screen of 200x60, on the way to the display");
     MeasureBoxes(figures, tree);
+    MeasureOutput(figures, tree);
     return over == 0 && figures.Failures() == 0 ? 0 : 1;
 }
 
