@@ -97,6 +97,11 @@ bool XScreen::ShowsPanels() {
     return painted;
 }
 
+bool XScreen::IsRed() {
+    const unsigned long pixel = PixelAt(width / 2, height / 2);
+    return (pixel >> 16) > 0x60 && (pixel >> 8 & 0xFF) < 0x30 && (pixel & 0xFF) < 0x30;
+}
+
 void XScreen::Focus() {
     XSetInputFocus(display, window, RevertToParent, CurrentTime);
     XSync(display, False);

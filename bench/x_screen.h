@@ -26,6 +26,8 @@ public:
     // Key symbols by their names, "Control_L"; pressed in this order, released in the other.
     void Press(const char* first, const char* second = nullptr);
     void Focus();
+    // The middle of the window has a clear red.
+    bool IsRed();
 
 private:
     unsigned long PixelAt(int x, int y);
