@@ -147,7 +147,7 @@ protected:
 };
 
 TEST_F(RemoteSessionTest, ShowsWhatSshSaysAndTakesAPassword) {
-    Open(std::string("echo Welcome to $1 >&2\nprintf 'Password: ' >/dev/tty\nstty -echo </dev/tty\n"
+    Open(std::string("echo Welcome to $1 >&2\nstty -echo </dev/tty\nprintf 'Password: ' >/dev/tty\n"
                      "read -r word </dev/tty\nprintf '%s' \"$word\" >word\necho $TERM >term\n") +
          kHandshake + "\n" + kDrawFar + "\ndd bs=14 count=1 2>/dev/null | od -An -tx1 >reply\n");
     ASSERT_TRUE(Shows("Welcome to castle"));
