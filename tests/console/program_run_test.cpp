@@ -395,7 +395,11 @@ TEST_F(ProgramRun, FullScreenProgramsWorkAndLeaveTheScreenAsItWas) {
         if (std::string(c.program) != "/usr/bin/top") {
             ASSERT_FALSE(Rows().empty());
             EXPECT_EQ(Rows()[0], "former screen");
-            EXPECT_LE(Rows().size(), 1u);
+            EXPECT_FALSE(Shows(c.appears));
+            // htop tells behind it that it cannot save its settings.
+            if (std::string(c.program) != "/usr/bin/htop") {
+                EXPECT_LE(Rows().size(), 1u);
+            }
             EXPECT_EQ(scrollBack.Count(), collected);
         }
     }
