@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kRowsLeftFree = 8;
 constexpr wchar_t kSubMenuMark[] = L":>";
-constexpr int kMarkRoom = 2;  // right of the widest row
 
 // The rows as they are shown; those with a menu of their own end in a mark.
 struct MenuRows {
@@ -27,17 +26,20 @@ struct MenuRows {
 };
 
 MenuRows::MenuRows(const MenuStore& menu) {
+    bool anyMark = false;
     for (int i = 0; i < menu.Count(); i++) {
         const MenuEntry& e = *menu.Peek(i);
         texts.Append(new Westring(e.keyText.PadRight(menu.keyWidth + 1) + e.text));
         width = std::max(width, texts.Peek(i)->Length() + (e.subMenu ? 1 : 0));
+        anyMark = anyMark || e.subMenu;
     }
     for (int i = 0; i < menu.Count(); i++) {
         if (!menu.Peek(i)->subMenu) continue;
         Westring& text = *texts.Peek(i);
         text = text.PadRight(width - 1) + kSubMenuMark;
     }
-    width += kMarkRoom;
+    // The mark ends one column behind the widest text.
+    width += anyMark ? 1 : 0;
 }
 
 // Entries are chosen by their keys, too.

@@ -1,4 +1,5 @@
 // The user menu: its file, its window, its commands.
+#include "tests/headless/box_rows.h"
 #include "tests/support/command_runs.h"
 #include "tests/support/panel_view.h"
 
@@ -23,6 +24,21 @@ protected:
         for (const std::string_view key : keys)
             key.size() == 1 ? session.Type(key) : session.Press(key);
         EXPECT_TRUE(WaitForPanels(session));
+    }
+    struct Place {
+        int column = -1;
+        int row = -1;
+    };
+    // Where the text, of plain letters, begins on the screen.
+    static Place Find(const Session& session, const std::string& text) {
+        for (int row = 0; row < session.Rows(); row++) {
+            for (int column = 0; column + static_cast<int>(text.size()) <= session.Columns();
+                 column++)
+                if (session.Piece(column, row, static_cast<int>(text.size())) == text)
+                    return {column, row};
+        }
+        ADD_FAILURE() << text;
+        return {};
     }
     std::string Written(const std::string& name) { return tree.Content(name); }
 
@@ -132,6 +148,58 @@ TEST_F(UserMenu, OpensMenusOfMenus) {
     EXPECT_EQ(Written("out"), "behind\n");
 }
 
+// The window is in the middle, a third of the free rows down; a menu of its own begins where the
+// window ends.
+TEST_F(UserMenu, TheWindowsFitTheirRows) {
+    tree.File("zt.mnu",
+              "A: Some description\n echo\nCF12: Two\n{\n1: Inner, a little wider\n2: In\n{\n"
+              "X: Last of all the menus\n}\n}\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_THAT(BoxRows(session, 28, 7, 24, 4), ElementsAre("╔═════ User  Menu ═════╗",  //
+                                                            "║A    Some description ║",  //
+                                                            "║CF12 Two            :>║",  //
+                                                            "╚══════════════════════╝"));
+    session.Press("Ctrl-F12");
+    EXPECT_THAT(BoxRows(session, 51, 7, 26, 4), ElementsAre("╔═════════ Two ══════════╗",  //
+                                                            "║1 Inner, a little wider ║",  //
+                                                            "║2 In                  :>║",  //
+                                                            "╚════════════════════════╝"));
+    // Where there is no room it moves to the left.
+    session.Type("2");
+    EXPECT_THAT(BoxRows(session, 55, 7, 25, 3), ElementsAre("╔═════════ In ══════════╗",  //
+                                                            "║X Last of all the menus║",  //
+                                                            "╚═══════════════════════╝"));
+    session.Press({"Esc", "Esc"});
+    EXPECT_FALSE(Shows(session, "Inner"));
+    EXPECT_TRUE(Shows(session, "A    Some description "));
+}
+
+TEST_F(UserMenu, TheMouseChooses) {
+    tree.File("zt.mnu", "A: First\n echo a > out\nB: Deeper\n{\nC: Inner\n echo c > out\n}\n");
+    Session session(InTree());
+    const std::string before = session.Text();
+    session.Press("F2");
+    session.Click(Mouse::kLeft, 5, 20);
+    EXPECT_EQ(session.Text(), before);
+    session.Press("F2");
+    const Place deeper = Find(session, "B Deeper");
+    session.DoubleClick(Mouse::kLeft, deeper.column, deeper.row);
+    const Place inner = Find(session, "C Inner");
+    session.DoubleClick(Mouse::kLeft, inner.column, inner.row);
+    EXPECT_TRUE(WaitForPanels(session));
+    EXPECT_EQ(Written("out"), "c\n");
+}
+
+TEST_F(UserMenu, AFolderOfTheNameIsNoMenu) {
+    tree.Folder("a/zt.mnu").File("zt.mnu", "A: Above\n echo > out\n");
+    SessionOptions options = InTree();
+    options.directory = tree.PathOf("a");
+    Session session(options);
+    Keys(session, {"F2", "Enter"});
+    EXPECT_TRUE(tree.Exists("a/out"));
+}
+
 TEST_F(UserMenu, AMenuBehindCommandsIsDropped) {
     tree.File("zt.mnu",
               "A: With commands\n echo a > out\n{\nX: Lost\n echo lost > out\n}\nB: Next\n");
@@ -214,6 +282,17 @@ TEST_F(UserMenu, AsksAndStopsAtEsc) {
     ASSERT_TRUE(session.WaitForText("What to write:"));
     Keys(session, {"Esc"});
     EXPECT_EQ(Written("out"), "before\n");
+}
+
+TEST_F(UserMenu, AMacroOfAFileStandsBesideThoseOfAll) {
+    tree.File("1.c").File("2.c").File("zt.mnu", "A: Each\n echo !b !t !{Word} !! >> out\n");
+    Session session(InTree());
+    session.Press({"Down", "Ins", "Ins", "F2"});
+    session.Type("a");
+    ASSERT_TRUE(session.WaitForText("Word"));
+    session.Type("once");
+    Keys(session, {"Enter"});
+    EXPECT_EQ(Written("out"), "1 1.c 2.c once !\n2 1.c 2.c once !\n");
 }
 
 TEST_F(UserMenu, CdTakesThePanelAlong) {
