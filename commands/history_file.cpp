@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 
 #include "commands/replacing_file.h"
@@ -28,6 +27,16 @@ int MarkOf(const Estring& line) {
         if (line.Length() > i && line[i] == kFieldMark) return i;
     }
     return 0;
+}
+
+// The number in front of the mark; none of a list for what is no number.
+int NumberBefore(const Estring& line, int mark) {
+    int number = 0;
+    for (int i = 0; i < mark; i++) {
+        if (line[i] < '0' || line[i] > '9') return kNoStoredField;
+        number = number * 10 + (line[i] - '0');
+    }
+    return number;
 }
 
 // Keeps other programs from writing the file, as long as this lives. The lock is on the directory:
@@ -88,13 +97,14 @@ int WriteAtEnd(int descriptor, const Estring& bytes) {
 HistoryLine ParseHistoryLine(const Estring& line) {
     const int mark = MarkOf(line);
     if (mark == 0) return {-1, NameFromBytes(line.c_str())};
-    return {atoi(line.c_str()), NameFromBytes(line.c_str() + mark + 1)};
+    return {NumberBefore(line, mark), NameFromBytes(line.c_str() + mark + 1)};
 }
 
 Estring FormatHistoryLine(const HistoryLine& line) {
     const Estring text = NameToBytes(line.text);
     const bool oneLine = strpbrk(text.c_str(), kLineEnd) == nullptr;
     if (!oneLine || (line.field < 0 && MarkOf(text) != 0)) return Estring();
+    if (line.field >= kNoStoredField) return Estring();
     const Estring whole =
         line.field < 0 ? text : Estring::Format("%d%c", line.field, kFieldMark) + text;
     return whole.Length() + 2 > kHistoryLineBytes ? Estring() : whole;

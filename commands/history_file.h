@@ -16,7 +16,8 @@
 namespace zt {
 
 inline constexpr int kHistoryLineBytes = 4096;
-inline constexpr int kStoredFields = 12;  // of the lists of field_history.h, from number 0
+inline constexpr int kStoredFields = 12;    // of the lists of field_history.h, from number 0
+inline constexpr int kNoStoredField = 100;  // of a line that no number of two digits begins
 
 // A line of the file, taken apart.
 struct HistoryLine {
@@ -24,8 +25,9 @@ struct HistoryLine {
     Westring text;
 };
 HistoryLine ParseHistoryLine(const Estring& line);
-// Empty for a text that no single line of the file can hold: one with a line end or a NUL in it,
-// too long, or a command that would be read back as the text of a field.
+// Empty for what no single line of the file can hold: a text with a line end or a NUL in it, one
+// that is too long, a field without a number of two digits, or a command that would be read back as
+// the text of a field.
 Estring FormatHistoryLine(const HistoryLine& line);
 
 class HistoryFile {

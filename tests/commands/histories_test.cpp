@@ -159,6 +159,41 @@ TEST_F(HistoriesTest, ShortensFieldsThatAreTooLong) {
     EXPECT_EQ(Field(3), (Texts{"one", "two", "three"}));
 }
 
+TEST_F(HistoriesTest, LeavesFieldsThatAreShortEnough) {
+    settings.maxFieldHist = 2;
+    const std::string text = "3\x19one\n3\x19two\n";
+    Put(text);
+    LoadHistory(history_);
+    EXPECT_EQ(Get(), text);
+}
+
+TEST_F(HistoriesTest, WithALimitOfNoneAllGo) {
+    for (const int limit : {0, -1}) {
+        settings.maxHist = limit;
+        settings.maxFieldHist = limit;
+        Put("ls\r\n3\x19one\r\n");
+        LoadHistory(history_);
+        EXPECT_EQ(Commands(), Texts());
+        EXPECT_EQ(Get(), "");
+    }
+}
+
+TEST_F(HistoriesTest, AFieldThatHasNoNumberIsNoCommand) {
+    Put("-1\x19x\r\na\x19x\r\n 0\x19x\r\nx\r\n");
+    LoadHistory(history_);
+    EXPECT_EQ(Commands(), Texts{"x"});
+    EXPECT_EQ(Field(0), Texts());
+    RemoveCommand(history_, "x");
+    EXPECT_EQ(Get(), "-1\x19x\r\na\x19x\r\n 0\x19x\r\n");
+}
+
+TEST_F(HistoriesTest, FieldsCompareTextsInAnyCase) {
+    AddFieldHistory("*.C", 2);
+    AddFieldHistory("*.h", 2);
+    AddFieldHistory("*.c", 2);
+    EXPECT_EQ(Field(2), (Texts{"*.h", "*.c"}));
+}
+
 TEST_F(HistoriesTest, RemovesACommandFromTheFile) {
     Put("a\r\n0\x19"
         "a\r\nb\r\nA\r\na\r\n");

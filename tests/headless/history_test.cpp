@@ -323,6 +323,9 @@ TEST_F(Histories, OfDirectoriesKeepTheLastHundred) {
         RunTyped(session, "cd " + tree.PathOf("d" + std::to_string(i)));
     session.Press({"Alt-\\", "Home"});
     EXPECT_EQ(Chosen(session), tree.PathOf("d104"));
+    // As high as the screen less five rows, and the frame.
+    EXPECT_TRUE(Shows(session, tree.PathOf("d123")));
+    EXPECT_FALSE(Shows(session, tree.PathOf("d124")));
     session.Press("End");
     EXPECT_EQ(Chosen(session), tree.PathOf("d203"));
 }
