@@ -1,4 +1,5 @@
 // What Enter, the viewer keys and the editor keys do with a file, by rules and settings.
+#include "tests/headless/box_rows.h"
 #include "tests/support/command_runs.h"
 #include "tests/support/panel_view.h"
 
@@ -88,6 +89,31 @@ TEST_F(Associations, SeveralRulesMakeAMenu) {
     EXPECT_THAT(session.Text(), Not(HasSubstr("Choose")));
 }
 
+TEST_F(Associations, TheChoiceIsAsWideAsItsCommands) {
+    tree.File("x.txt").File("x.c").File("x.h");
+    Session session(
+        With("[Associations]\n*.txt:: one\n*.txt:: two\n*.c:: echo 1234567890 one\n*.c:: echo\n"
+             "*.h:: " +
+             std::string(90, 'h') + "\n*.h:: echo\n"));
+    GoTo(session, "x.txt");
+    session.Press("Enter");
+    EXPECT_THAT(BoxRows(session, 29, 10, 22, 4), ElementsAre("╔══ Choose command ══╗",  //
+                                                             "║one                 ║",  //
+                                                             "║two                 ║",  //
+                                                             "╚════════════════════╝"));
+    session.Press("Esc");
+    GoTo(session, "x.c");
+    session.Press("Enter");
+    EXPECT_EQ(session.Piece(29, 11, 21), "║echo 1234567890 one ");
+    session.Press("Esc");
+    GoTo(session, "x.h");
+    session.Press("Enter");
+    EXPECT_EQ(session.Piece(2, 11, 76), "║" + std::string(74, 'h') + "║");
+    session.DoubleClick(Mouse::kLeft, 5, 12);
+    EXPECT_TRUE(WaitForPanels(session));
+    EXPECT_THAT(BehindThePanels(session), HasSubstr("x.h"));
+}
+
 TEST_F(Associations, AMultipleRuleAloneRunsAtOnce) {
     tree.File("x.txt");
     Session session(With("[Associations]\n*.txt:: echo one !f > out\n"));
@@ -141,7 +167,8 @@ TEST_F(Associations, TheCommandCanAskAndBeCancelled) {
 }
 
 TEST_F(Associations, ViewerKeysFollowRulesAndSettings) {
-    tree.File("x.txt").File("y.bin");
+    // Of a name alone no size is known: it is none.
+    tree.File("x.txt", "text").File("y.bin", "bytes");
     Session session(
         With("[General Options]\nViewer=echo viewer !f > out; :\n"
              "Viewer2=echo second !f > out; :\nEditor=echo editor !f > out; :\n"
