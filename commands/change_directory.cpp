@@ -1,5 +1,6 @@
 #include "commands/change_directory.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,6 +32,12 @@ constexpr int kChosenLineBytes = 1024;
 bool IsDirectory(const Westring& path) {
     struct stat found = {};
     return stat(NameToBytes(path).c_str(), &found) == 0 && S_ISDIR(found.st_mode);
+}
+
+// A panel that could not read the directory would go on upwards from it; with this asked before it
+// stays where it is.
+bool MayEnter(const Westring& path) {
+    return faccessat(AT_FDCWD, NameToBytes(path).c_str(), R_OK | X_OK, AT_EACCESS) == 0;
 }
 
 // What stands behind "cd", as a path.
@@ -90,7 +97,7 @@ int ChangeDirectoryCommand(LoopState& state, const Westring& text, int side) {
         MessageBox("Invalid path", path.c_str(), kBoxOk);
         return -1;
     }
-    if (!ChangeDirectory(panel, path)) {
+    if (!MayEnter(path) || !ChangeDirectory(panel, path)) {
         MessageBox("Invalid directory", path.c_str(), kBoxOk);
         return -1;
     }
