@@ -142,7 +142,9 @@ TEST_F(Histories, WithoutCommandsNoWindowOpens) {
 TEST_F(Histories, ATextIsSearchedUpwardsAndDownwards) {
     Session session(WithHistory("make a1\r\nls\r\nmake a2\r\ncat\r\nmake a3\r\nend\r\n"));
     session.Press({"Alt-F8", "F7"});
-    EXPECT_THAT(session.Text(), HasSubstr("Search:"));
+    EXPECT_EQ(session.Piece(10, 10, 1) + session.Piece(69, 10, 1), "╔╗");
+    EXPECT_EQ(session.Piece(10, 11, 60), "║ Search:" + std::string(50, ' ') + "║");
+    EXPECT_EQ(session.Piece(10, 13, 1) + session.Piece(69, 13, 1), "╚╝");
     session.Type("make");
     session.Press("Enter");
     EXPECT_EQ(Chosen(session), "make a3");

@@ -175,6 +175,16 @@ TEST_F(UserMenu, TheWindowsFitTheirRows) {
     EXPECT_TRUE(Shows(session, "A    Some description "));
 }
 
+TEST_F(UserMenu, TheWindowIsNoWiderThanTheScreen) {
+    const std::string wide(100, 'x');
+    tree.File("zt.mnu", "A: " + wide + "\n{\nB: " + wide + "\n echo\n}\n");
+    Session session(InTree());
+    session.Press("F2");
+    EXPECT_EQ(session.Piece(1, 8, 78), "║A " + std::string(74, 'x') + "║");
+    session.Press("Enter");
+    EXPECT_EQ(session.Piece(2, 8, 78), "║B " + std::string(74, 'x') + "║");
+}
+
 TEST_F(UserMenu, TheMouseChooses) {
     tree.File("zt.mnu", "A: First\n echo a > out\nB: Deeper\n{\nC: Inner\n echo c > out\n}\n");
     Session session(InTree());
@@ -307,6 +317,35 @@ TEST_F(UserMenu, CdTakesThePanelAlong) {
     EXPECT_EQ(PanelView(session, 0).Title(), tree.PathOf("sub"));
 }
 
+TEST_F(UserMenu, CdIsKnownByWhatFollowsIt) {
+    tree.Folder("a b/sub").File("zt.mnu",
+                                "A: Up\n cd ..\n pwd > a\nB: Up at once\n cd..\n"
+                                "C: File\n cd !f\nD: Another\n cdx() { echo x > d; }; cdx\n");
+    SessionOptions options = InTree();
+    options.directory = tree.PathOf("a b/sub");
+    Session session(options);
+    Keys(session, {"F2", "a"});
+    EXPECT_EQ(PanelView(session, 0).Title(), tree.PathOf("a b"));
+    EXPECT_EQ(Written("a b/a"), tree.PathOf("a b") + "\n");
+    Keys(session, {"F2", "b"});
+    EXPECT_EQ(PanelView(session, 0).Title(), tree.Path());
+    Keys(session, {"Down", "F2", "c"});
+    EXPECT_EQ(PanelView(session, 0).Title(), tree.PathOf("a b"));
+    Keys(session, {"F2", "d"});
+    EXPECT_EQ(Written("a b/d"), "x\n");
+}
+
+TEST_F(UserMenu, TheFirstEntryOfAKeyIsChosen) {
+    tree.File("zt.mnu",
+              "A: One\n echo one > out\nXF5: Bare number\n echo five > out\n"
+              "a: Two\n echo two > out\n");
+    Session session(InTree());
+    Keys(session, {"F2", "End", "A"});
+    EXPECT_EQ(Written("out"), "one\n");
+    Keys(session, {"F2", "Ctrl-e"});
+    EXPECT_EQ(Written("out"), "five\n");
+}
+
 TEST_F(UserMenu, ACommandThatFailsEndsItselfOnly) {
     tree.File("a").File("b").File("zt.mnu", "A: Each\n echo !f >> out; false\n echo next >> out\n");
     Session session(InTree());
@@ -324,6 +363,8 @@ TEST_F(UserMenu, ScrollsWhenItIsLong) {
     session.Press("F2");
     EXPECT_THAT(session.Text(), HasSubstr("Q Entry"));
     EXPECT_THAT(session.Text(), Not(HasSubstr("R Entry")));
+    EXPECT_EQ(session.Piece(33, 2, 14), "╔ User  Menu ╗");
+    EXPECT_EQ(session.Piece(33, 20, 14), "╚════════════╝");
     session.Press({"End"});
     EXPECT_THAT(session.Text(), HasSubstr("Z Entry"));
     Keys(session, {"Enter"});
