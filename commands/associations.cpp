@@ -37,7 +37,7 @@ bool ChooseCommand(const CAssociationList& rules, Westring& command) {
         width = std::max(width, rules.Peek(i)->command.Length());
     }
     width = std::min(width, screenColumns - kColumnsLeftFree);
-    const int height = std::min(commands.Count(), screenLines - kRowsLeftFree);
+    const int height = std::clamp(commands.Count(), 1, std::max(1, screenLines - kRowsLeftFree));
     int chosen = 0;
     Dialog dialog(-1, -2, width + 2, height + 2, Colour(ColourClass::kMenu));
     dialog.SetTitle(" Choose command ");

@@ -26,7 +26,7 @@ HistoryDialog::HistoryDialog(const HistoryShape& shape, WestringStore& texts,
                              std::span<const int32_t> exitKeys)
     : chosen(texts.Count() - 1),
       width_(WindowWidth(shape, texts)),
-      height_(std::min(texts.Count(), screenLines - shape.rowsLeftFree)),
+      height_(std::clamp(texts.Count(), 1, std::max(1, screenLines - shape.rowsLeftFree))),
       dialog_(-1, -3, width_ + 2, height_ + 2, Colour(ColourClass::kMenu)) {
     dialog_.SetTitle(shape.title);
     dialog_.Add(std::make_unique<KeyedList>(shape.margin, width_ - 2 * shape.margin, height_, texts,

@@ -80,7 +80,7 @@ MenuEntry* ShowMenu(MenuStore& menu, const Westring& title, int x) {
     if (menu.Count() == 0) return nullptr;
     MenuRows rows(menu);
     const int width = std::min(std::max(rows.width, title.Length() + 2), screenColumns - 4);
-    const int height = std::min(menu.Count(), screenLines - kRowsLeftFree);
+    const int height = std::clamp(menu.Count(), 1, std::max(1, screenLines - kRowsLeftFree));
     const int left = LeftEdge(x, width + 2);
     Dialog dialog(left, -3, left < 0 ? width + 2 : left + width + 1, height + 2,
                   Colour(ColourClass::kMenu));

@@ -86,6 +86,18 @@ TEST_F(Histories, TheWindowIsNoHigherThanTheScreen) {
     EXPECT_THAT(session.Text(), HasSubstr("echo 100"));
 }
 
+TEST_F(Histories, AScreenOfFewRowsShowsOneCommand) {
+    SessionOptions options = WithHistory("one\r\ntwo\r\n");
+    options.rows = 6;
+    Session session(options);
+    session.Press("Alt-F8");
+    EXPECT_TRUE(Shows(session, "║ two "));
+    session.Press("Up");
+    EXPECT_TRUE(Shows(session, "║ one "));
+    session.Press("Ctrl-Enter");
+    EXPECT_THAT(Line(session), EndsWith(">one"));
+}
+
 TEST_F(Histories, EnterRunsTheCommandAgainAndMakesItTheNewest) {
     Session session(WithHistory("echo 1 >> out\r\necho 2 >> out\r\necho 3 >> out\r\n"));
     session.Press({"Alt-F8", "Up", "Enter"});

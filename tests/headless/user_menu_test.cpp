@@ -185,6 +185,20 @@ TEST_F(UserMenu, TheWindowIsNoWiderThanTheScreen) {
     EXPECT_EQ(session.Piece(2, 8, 78), "║B " + std::string(74, 'x') + "║");
 }
 
+// One row is left of a list where there is no room for it.
+TEST_F(UserMenu, AScreenOfFewRowsShowsOneEntry) {
+    tree.File("zt.mnu", "A: First\n echo a > out\nB: Second\n echo b > out\n");
+    SessionOptions options = InTree();
+    options.rows = 7;
+    Session session(options);
+    session.Press("F2");
+    EXPECT_TRUE(Shows(session, "A First"));
+    session.Press("Down");
+    EXPECT_TRUE(Shows(session, "B Second"));
+    Keys(session, {"Enter"});
+    EXPECT_EQ(Written("out"), "b\n");
+}
+
 TEST_F(UserMenu, TheMouseChooses) {
     tree.File("zt.mnu", "A: First\n echo a > out\nB: Deeper\n{\nC: Inner\n echo c > out\n}\n");
     Session session(InTree());
