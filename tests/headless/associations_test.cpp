@@ -143,6 +143,23 @@ TEST_F(Associations, AnExecutableRunsAndOtherFilesDoNot) {
     EXPECT_FALSE(tree.Exists("out"));
 }
 
+// Also where the choice among rules is given up.
+TEST_F(Associations, ARuleGoesBeforeTheExecutable) {
+    for (const char* name : {"a.sh", "b.run"})
+        tree.File(name, "#!/bin/sh\necho ran > out\n").Mode(name, 0755);
+    Session session(
+        With("[Associations]\n*.sh: echo rule !f > out\n*.run:: echo 1 > out\n"
+             "*.run:: echo 2 > out\n"));
+    Run(session, "a.sh", "Enter");
+    EXPECT_EQ(Out(), "rule a.sh\n");
+    GoTo(session, "b.run");
+    session.Press("Enter");
+    EXPECT_THAT(session.Text(), HasSubstr(" Choose command "));
+    session.Press("Esc");
+    RunTyped(session, "true");
+    EXPECT_FALSE(tree.Exists("out"));
+}
+
 TEST_F(Associations, ADoubleClickIsEnter) {
     tree.File("x.txt");
     Session session(With("[Associations]\n*.txt: echo clicked !f > out\n"));

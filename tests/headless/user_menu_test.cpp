@@ -1,4 +1,6 @@
 // The user menu: its file, its window, its commands.
+#include <sys/stat.h>
+
 #include "tests/headless/box_rows.h"
 #include "tests/support/command_runs.h"
 #include "tests/support/panel_view.h"
@@ -215,13 +217,14 @@ TEST_F(UserMenu, TheMouseChooses) {
     EXPECT_EQ(Written("out"), "c\n");
 }
 
-TEST_F(UserMenu, AFolderOfTheNameIsNoMenu) {
-    tree.Folder("a/zt.mnu").File("zt.mnu", "A: Above\n echo > out\n");
+TEST_F(UserMenu, AFolderOrAPipeOfTheNameIsNoMenu) {
+    tree.Folder("a/zt.mnu").Folder("a/b").File("zt.mnu", "A: Above\n echo > out\n");
+    ASSERT_EQ(mkfifo(tree.PathOf("a/b/zt.mnu").c_str(), 0600), 0);
     SessionOptions options = InTree();
-    options.directory = tree.PathOf("a");
+    options.directory = tree.PathOf("a/b");
     Session session(options);
     Keys(session, {"F2", "Enter"});
-    EXPECT_TRUE(tree.Exists("a/out"));
+    EXPECT_TRUE(tree.Exists("a/b/out"));
 }
 
 TEST_F(UserMenu, AMenuBehindCommandsIsDropped) {
