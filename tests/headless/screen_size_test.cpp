@@ -30,8 +30,9 @@ protected:
             tree.File("file" + std::to_string(i));
     }
 
-    SessionOptions Here(int columns = 80, int rows = 25, const char* configuration = "") {
-        home.File(".ztx/zt.ini", configuration);
+    // No outside viewer or editor: what this machine has of them must not come up.
+    SessionOptions Here(int columns = 80, int rows = 25, const std::string& configuration = "") {
+        home.File(".ztx/zt.ini", "[General Options]\nViewer2=\nEditor2=\n" + configuration);
         SessionOptions options;
         options.directory = tree.Path();
         options.home = home.Path();
