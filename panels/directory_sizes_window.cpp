@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include "foundation/file_name.h"
+#include "foundation/start_thread.h"
 #include "panels/entry_fields.h"
 #include "ui/abbreviate_path.h"
 #include "ui/update_freeze.h"
@@ -39,7 +40,8 @@ Westring SizeText(uint64_t bytes) {
 DirectorySizesWindow::DirectorySizesWindow(const WalkProgress& progress)
     : progress_(progress), dialog_(-1, -2, kWidth, kHeight, Colour(ColourClass::kMessages)) {
     dialog_.SetTitle(" Reading Directories ");
-    painter_ = std::thread([this] { Loop(); });
+    // Without it the counts are drawn at the end only.
+    static_cast<void>(StartThread(painter_, [this] { Loop(); }));
 }
 
 DirectorySizesWindow::~DirectorySizesWindow() {
@@ -49,7 +51,7 @@ DirectorySizesWindow::~DirectorySizesWindow() {
 
 void DirectorySizesWindow::Finish(bool pause) {
     stop_.Set();
-    painter_.join();
+    if (painter_.joinable()) painter_.join();
     {
         const UpdateFreeze freeze;
         DrawCounts();

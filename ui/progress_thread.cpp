@@ -3,6 +3,7 @@
 
 #include <cerrno>
 
+#include "foundation/start_thread.h"
 #include "ui/update_freeze.h"
 
 namespace zt {
@@ -14,7 +15,8 @@ ProgressIndicatorThread::~ProgressIndicatorThread() {
 }
 
 void ProgressIndicatorThread::Start() {
-    thread = std::thread([this] { Loop(); });
+    // The work goes on without its box.
+    static_cast<void>(StartThread(thread, [this] { Loop(); }));
 }
 
 void ProgressIndicatorThread::Stop() {

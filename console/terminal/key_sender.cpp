@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "console/console_interface.h"
+#include "foundation/start_thread.h"
 
 namespace zt {
 
@@ -65,7 +66,8 @@ void KeySender::Add(Item item) {
     // A clipboard counts for something too, so that the queue stays bounded.
     waitingBytes += std::max<size_t>(item.bytes.size(), 1);
     items.push_back(std::move(item));
-    if (!thread.joinable()) thread = std::thread(&KeySender::Run, this);
+    // Without a thread the bytes wait; the next ones try again.
+    if (!thread.joinable() && !StartThread(thread, [this] { Run(); })) return;
     changed.notify_one();
 }
 
