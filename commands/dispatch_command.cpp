@@ -86,19 +86,20 @@ int RunOutside(LoopState& state, const Westring& text, int side, const Westring&
     if (!(flags & kRunHere) && !EnterPanelDirectory(state.panels.panel[side])) return -1;
     const RunPlan plan(text);
     const int emptyLines = 1 + !!(flags & kRunTwoNewlines) + !!(flags & kRunTyped);
-    int result;
+    int result, forkError;
     {
         // Frozen but for the run itself: a program with windows of its own is started unseen.
         auto freeze = std::make_unique<UpdateFreeze>();
         const PanelsAway away(state);
         const ProgramScreen screen(prompt, text);
         if (plan.kind != RunKind::kDetached) freeze.reset();
-        result = RunPlanned(plan);
+        result = RunPlanned(plan, forkError);
         if (!freeze) freeze = std::make_unique<UpdateFreeze>();
         screen.EndOutput(emptyLines);
     }
     for (CPanel& panel : state.panels.panel)
         panel.needRead = true;
+    TellOfFork(forkError);
     return result;
 }
 

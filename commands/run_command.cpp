@@ -25,14 +25,10 @@ RunKind KindOf(const CommandParts& parts) {
     return RunKind::kConsole;
 }
 
-void TellOfFork(int code) {
-    MessageBox("Error forking child process", Westring(strerror(code)).c_str(), kBoxOk);
-}
-
-int RunInConsole(const ShellLaunch& launch) {
+int RunInConsole(const ShellLaunch& launch, int& forkError) {
     const ProgramEnd end = RunProgram(*console, launch.Start());
     if (end.kind == ProgramEndKind::kNotForked) {
-        TellOfFork(end.value);
+        forkError = end.value;
     } else if (end.kind == ProgramEndKind::kNotWaited && end.value != 0) {
         const Estring text = Estring::Format("Error %d waiting for child", end.value);
         MessageBox(text, nullptr, kBoxOk);
@@ -56,22 +52,29 @@ void EditByOwnTool(const Westring& path) {
     if (ownTools) ownTools->Edit(path);
 }
 
-int RunPlanned(const RunPlan& plan) {
+void TellOfFork(int code) {
+    if (code == 0) return;
+    MessageBox("Error forking child process", Westring(strerror(code)).c_str(), kBoxOk);
+}
+
+int RunPlanned(const RunPlan& plan, int& forkError) {
+    forkError = 0;
     if (plan.kind == RunKind::kViewer || plan.kind == RunKind::kEditor) {
         const Westring path = Unescape(plan.parts.arguments);
         plan.kind == RunKind::kViewer ? ViewByOwnTool(path) : EditByOwnTool(path);
         return 0;
     }
     const ShellLaunch launch(plan.parts.command);
-    if (plan.kind == RunKind::kConsole) return RunInConsole(launch);
-    const int error = RunDetached(launch);
-    if (error == 0) return 0;
-    TellOfFork(error);
-    return -1;
+    if (plan.kind == RunKind::kConsole) return RunInConsole(launch, forkError);
+    forkError = RunDetached(launch);
+    return forkError == 0 ? 0 : -1;
 }
 
 int RunCommand(const Westring& command) {
-    return RunPlanned(RunPlan(command));
+    int forkError;
+    const int result = RunPlanned(RunPlan(command), forkError);
+    TellOfFork(forkError);
+    return result;
 }
 
 Westring WithLists(const Westring& command, TemporaryLists& lists) {

@@ -30,8 +30,10 @@ void ViewByOwnTool(const Westring& path);
 void EditByOwnTool(const Westring& path);
 
 // The exit code; -1 for a program that a signal ended, or that had no terminal; 0 for one that runs
-// on by itself. What keeps it from running is told in a box.
-int RunPlanned(const RunPlan& plan);
+// on by itself. What keeps it from running is told in a box, but for the errno value of a process
+// that could not be made: the caller may have the screen frozen, and tells of it later.
+int RunPlanned(const RunPlan& plan, int& forkError);
+void TellOfFork(int code);  // nothing for 0
 int RunCommand(const Westring& command);
 
 // The command, made to remove the lists itself when it goes on by itself after its start.
