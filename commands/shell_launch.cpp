@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 
 #include "commands/program_environment.h"
 #include "foundation/file_name.h"
@@ -36,8 +37,10 @@ ShellLaunch::ShellLaunch(const Westring& text) : command(NameToBytes(text).c_str
     flat.Set("TERM", kTerminalType);
     const char* wanted = flat.Get("SHELL");
     shell = wanted && *wanted ? wanted : kDefaultShell;
-    for (const KeyedValue* item = flat.First(); item; item = flat.Next())
+    for (const KeyedValue* item = flat.First(); item; item = flat.Next()) {
+        if (item->key.IsEmpty()) continue;  // of "set =x"
         variables.push_back(std::string(item->key.c_str()) + '=' + item->value.c_str());
+    }
     for (const std::string& variable : variables)
         environment.push_back(variable.c_str());
     environment.push_back(nullptr);
@@ -60,8 +63,12 @@ void LeaveStandardStreams() {
     if (nowhere > STDERR_FILENO) close(nowhere);
 }
 
+// Neither the signals that this program ignores nor what it has open are for another.
 [[noreturn]] void BecomeProgram(const ProgramStart& start) {
     LeaveStandardStreams();
+    close_range(STDERR_FILENO + 1, UINT_MAX, 0);
+    for (int number = 1; number < NSIG; number++)
+        signal(number, SIG_DFL);
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);

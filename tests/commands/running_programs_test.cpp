@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <fstream>
 #include <thread>
 
@@ -207,6 +208,30 @@ TEST_F(RunningProgramsTest, AProgramWithoutWindowLibrariesRunsInTheConsole) {
     EXPECT_FALSE(IsGuiProgram(L"/bin/ls"));
     EXPECT_FALSE(IsGuiProgram(L"/none/such"));
     EXPECT_FALSE(IsGuiProgram(NameFromBytes(home_.c_str())));
+}
+
+TEST_F(RunningProgramsTest, AVariableWithoutANameIsForNobody) {
+    SessionEnvironment().Set("", "x");
+    SessionEnvironment().Set("ZT_NAMED", "x");
+    EXPECT_EQ(Variable(ShellLaunch(L""), ""), "none");
+    EXPECT_EQ(Variable(ShellLaunch(L""), "ZT_NAMED"), "x");
+}
+
+TEST_F(RunningProgramsTest, ADetachedProgramHasNothingOfOurs) {
+    const std::string sign = home_ + "/sign";
+    const auto before = signal(SIGPIPE, SIG_IGN);
+    const int ours = dup2(STDOUT_FILENO, 9);
+    ASSERT_EQ(ours, 9);
+    const std::string command = "sh -c 'kill -PIPE $$'; echo $? > " + sign + ".new; test -e " +
+                                "/proc/self/fd/9 && echo open >> " + sign + ".new; mv " + sign +
+                                ".new " + sign;
+    SessionEnvironment().Set("SHELL", "/bin/sh");
+    EXPECT_EQ(RunDetached(ShellLaunch(NameFromBytes(command.c_str()))), 0);
+    for (int i = 0; i < 1000 && access(sign.c_str(), F_OK) != 0; i++)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    close(ours);
+    signal(SIGPIPE, before);
+    EXPECT_EQ(Get(sign), "141\n");
 }
 
 TEST_F(RunningProgramsTest, ADetachedProgramLeavesNoChild) {
