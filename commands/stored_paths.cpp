@@ -36,6 +36,13 @@ void GoToStored(LoopState& state, const Westring& stored) {
     GoTo(state.panels, side, Westring());
 }
 
+// In the tree it is the directory under the cursor that one wants to come back to.
+Westring PathToStore(LoopState& state) {
+    IPanelTree* tree = state.panels.seams.tree;
+    if (state.Active().IsTree() && tree) return tree->SelectedPath(state.Active());
+    return state.panels.panel[StoredPathSide(state)].path;
+}
+
 }  // namespace
 
 int StoredPathSide(LoopState& state) {
@@ -47,7 +54,7 @@ bool HandleStoredPathKey(LoopState& state, const KeyPress& key) {
     const int slot = key.code & 15;
     if (slot > 9) return true;
     if (key.code & (kKeyCtrlShiftDigit - kKeyCtrlDigit)) {
-        settings.storedPaths[slot] = state.panels.panel[StoredPathSide(state)].path;
+        settings.storedPaths[slot] = PathToStore(state);
     } else {
         GoToStored(state, settings.storedPaths[slot]);
         state.DrawAll();

@@ -11,6 +11,7 @@
 #include "commands/dispatch_command.h"
 #include "commands/program_environment.h"
 #include "commands/screen_commands.h"
+#include "commands/stored_paths.h"
 #include "foundation/settings.h"
 #include "panels/panel_window.h"
 #include "tests/console/fake_console.h"
@@ -121,6 +122,36 @@ TEST_F(ExecuteCommandTest, EntersTheOthersDirectoryAndThenItsOwn) {
         EXPECT_EQ(Execute("set ZT_ANY=1"), Executed::kCommand) << row.what;
         EXPECT_EQ(Here(), row.expected) << row.what;
     }
+}
+
+// A tree with one directory under its cursor.
+struct OneRowTree : IPanelTree {
+    explicit OneRowTree(const Westring& path) : selected(path) {}
+    void BuildRows(CPanel&) override {}
+    void Link(CPanel&) override {}
+    bool KnownTotal(const CPanel&, const wchar_t*, uint64_t&) override { return false; }
+    void ReadDone(CPanel&, uint64_t) override {}
+    void Follow(CPanel&, const Westring&) override {}
+    Westring SelectedPath(const CPanel&) override { return selected; }
+    void DrawRow(CPanel&, int, int) override {}
+    void SetExpanded(CPanel&, bool, bool) override {}
+    void ToSibling(CPanel&, int) override {}
+
+    Westring selected;
+};
+
+TEST_F(ExecuteCommandTest, AStoredPathIsTheOneUnderTheTreesCursor) {
+    OneRowTree oneRow(tree.Wide("right/in"));
+    state->panels.seams.tree = &oneRow;
+    KeyPress key;
+    key.code = kKeyCtrlShiftDigit | 3;
+    EXPECT_TRUE(HandleStoredPathKey(*state, key));
+    EXPECT_EQ(settings.storedPaths[3], tree.Wide("left"));
+    Panel(0).style = kStyleTree;
+    EXPECT_TRUE(HandleStoredPathKey(*state, key));
+    EXPECT_EQ(settings.storedPaths[3], tree.Wide("right/in"));
+    Panel(0).style = kStyleBrief;
+    state->panels.seams.tree = nullptr;
 }
 
 TEST_F(ExecuteCommandTest, RunsNothingForBlanks) {
