@@ -1,5 +1,6 @@
 #include "commands/file_window.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
