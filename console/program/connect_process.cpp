@@ -157,11 +157,13 @@ int ConnectProcess::LookForEnd() {
     return found < 0 ? errno : 0;
 }
 
-void ConnectProcess::WaitForEnd(int milliseconds) {
-    for (int waited = 0; LookForEnd() == 0 && !HasEnded() && waited < milliseconds;
-         waited += kLookMilliseconds) {
+int ConnectProcess::WaitForEnd(int milliseconds) {
+    int error = LookForEnd();
+    for (int waited = 0; !HasEnded() && waited < milliseconds; waited += kLookMilliseconds) {
         poll(nullptr, 0, kLookMilliseconds);
+        error = LookForEnd();
     }
+    return error;
 }
 
 void ConnectProcess::End() {

@@ -35,8 +35,8 @@ public:
     // As waitpid gives it; only after the end.
     int Status() const { return status; }
 
-    // Waits so long for the process to end by itself.
-    void WaitForEnd(int milliseconds);
+    // Waits so long for the process to end by itself; gives what LookForEnd gives.
+    int WaitForEnd(int milliseconds);
     // Hangs the terminal up, and kills what does not end of it.
     void End();
 

@@ -11,8 +11,8 @@ namespace {
 
 // How long a stop may take.
 constexpr int kLookMilliseconds = 50;
-// A mouse moved before the session stands is no reason to fill the memory.
-constexpr size_t kMostKeptEvents = 4096;
+// A mouse moved while nobody listens is no reason to fill the memory.
+constexpr size_t kMostKeptEvents = 1 << 16;
 
 }  // namespace
 
@@ -44,8 +44,8 @@ void EventPump::Take(const TEvent& event) {
 }
 
 void EventPump::SendKept() {
-    for (; !kept.empty() && !isStopping.load(); kept.pop_front())
-        send(kept.front());
+    while (!kept.empty() && !isStopping.load() && send(kept.front()))
+        kept.pop_front();
 }
 
 }  // namespace zt

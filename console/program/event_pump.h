@@ -16,9 +16,10 @@ class IConsole;
 
 class EventPump {
 public:
-    using Send = std::function<void(const TEvent&)>;
+    // False when there is no room for the event now.
+    using Send = std::function<bool(const TEvent&)>;
 
-    // Borrows the console. `send` is called on the pump's thread and may block.
+    // Borrows the console. `send` is called on the pump's thread and does not block.
     EventPump(IConsole& console, Send send);
     ~EventPump() { Stop(); }
     EventPump(const EventPump&) = delete;

@@ -67,14 +67,14 @@ private:
     void Connected() override;
     void StartEvents() override { pump.StartSending(); }
     void ShowWrongVersion() override;
+    bool UserHasLeft() const override;
 
     void Loop();
-    void LookForEnd();
+    void TellFailedWait(int error);
     bool WaitForData();
     void TakeFromTerminal();
     void TakeFromPipe();
     void ShowRemark(char* text, int n);
-    bool UserHasLeft() const;
     void TellEnd();
     Westring EndReason() const;
 
@@ -95,11 +95,10 @@ private:
 RemoteSession::RemoteSession(IConsole& screen, const Estring& toHost)
     : console(screen),
       host(toHost),
-      pump(screen, [this](const TEvent& event) { connection->SendEvent(event); }),
+      pump(screen, [this](const TEvent& event) { return connection->SendEvent(event); }),
       buffer(new char[kReadBytes + 1]) {}
 
 RemoteSession::~RemoteSession() {
-    // In this order: a sender that waits for room is set free by the end of the process.
     console.CloseTerminal();
     process.End();
     pump.Stop();
@@ -120,7 +119,7 @@ void RemoteSession::Run(const std::vector<std::string>& words) {
     pump.Start();
     Loop();
     console.CloseTerminal();
-    if (!UserHasLeft()) process.WaitForEnd(kEndMilliseconds);
+    if (!UserHasLeft()) TellFailedWait(process.WaitForEnd(kEndMilliseconds));
     process.End();
     pump.Stop();
     TellEnd();
@@ -141,7 +140,7 @@ void RemoteSession::ShowWrongVersion() {
 
 void RemoteSession::Loop() {
     while (!UserHasLeft() && !(terminalEnded && pipeEnded)) {
-        LookForEnd();
+        TellFailedWait(process.LookForEnd());
         int columns, rows;
         console.GetSize(columns, rows);
         process.Terminal().SetSize(columns, rows);
@@ -149,8 +148,8 @@ void RemoteSession::Loop() {
     }
 }
 
-void RemoteSession::LookForEnd() {
-    const int error = process.LookForEnd();
+// `error`: 0 for a wait that did not fail.
+void RemoteSession::TellFailedWait(int error) {
     if (error == 0) return;
     pump.Stop();
     ShowBox(Westring(("Error " + std::to_string(error) + " waiting for child").c_str()), nullptr);

@@ -18,6 +18,9 @@ public:
     // The far end speaks another version; the two quit events have been sent. The session goes on
     // until the far end closes it.
     virtual void ShowWrongVersion() = 0;
+    // Asked while an answer waits for room on the way out. When the user does not want to wait,
+    // nothing that comes is carried out any more.
+    virtual bool UserHasLeft() const { return false; }
 };
 
 }  // namespace zt

@@ -2,6 +2,8 @@
 #include "console/wire/remote_connection.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
 
 #include <cstring>
 
@@ -20,6 +22,12 @@ constexpr uint32_t kMostKeptBytes = 4 << 20;
 
 constexpr Attribute kRemoteFillAttribute = 7;
 constexpr int kRemoteCursorSize = 15;
+
+// How much of the way out may be full. Events leave room for answers, and answers for the longest
+// of them, so that the lock is never held by a thread that waits for the far end.
+constexpr int kEventQuarters = 2;
+constexpr int kReplyQuarters = 3;
+constexpr int kLookMilliseconds = 20;
 
 int Get16(const uint8_t* bytes) {
     return bytes[0] | bytes[1] << 8;
@@ -98,8 +106,32 @@ int CRemoteConnection::TakeFrame(const uint8_t* data, int n) {
         case ReadResult::kComplete:
             break;
     }
+    if (!WaitForRoom()) {
+        stalled = true;
+        return 0;
+    }
     Dispatch(opcode, parameters);
     return kHeadBytes + length;
+}
+
+// Whether less than so many quarters of the pipe wait for its reader. Without a reader there is
+// room, as the writing fails at once.
+bool CRemoteConnection::HasRoom(int quarters) const {
+    const int size = fcntl(outputFd, F_GETPIPE_SZ);
+    int waiting = 0;
+    if (size <= 0 || ioctl(outputFd, FIONREAD, &waiting) != 0) return true;
+    if (waiting < size / 4 * quarters) return true;
+    pollfd end{outputFd, 0, 0};
+    return poll(&end, 1, 0) > 0 && (end.revents & POLLERR) != 0;
+}
+
+// False when the user did not want to wait.
+bool CRemoteConnection::WaitForRoom() {
+    while (!HasRoom(kReplyQuarters)) {
+        if (session.UserHasLeft()) return false;
+        poll(nullptr, 0, kLookMilliseconds);
+    }
+    return true;
 }
 
 void CRemoteConnection::Dispatch(int opcode, CParameterList& parameters) {
@@ -134,12 +166,14 @@ void CRemoteConnection::Handshake(CParameterList& parameters) {
     session.ShowWrongVersion();
 }
 
-void CRemoteConnection::SendEvent(const TEvent& event) {
+bool CRemoteConnection::SendEvent(const TEvent& event) {
+    if (!HasRoom(kEventQuarters)) return false;
     CParameterList fields;
     for (int32_t field :
          {event.kind, event.code, event.modifiers, event.column, event.row, event.unicode})
         fields.AddInteger(field);
     writer.WriteEvent(fields);
+    return true;
 }
 
 // False when there is more than any frame can be.

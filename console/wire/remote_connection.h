@@ -32,12 +32,15 @@ public:
     void Feed(const char* data, int n);
 
     bool IsConnected() const { return connected; }
-    void SendEvent(const TEvent& event);
+    // False, and nothing is sent, while half of the pipe is full. It never waits for the far end.
+    [[nodiscard]] bool SendEvent(const TEvent& event);
 
 private:
     int Parse(const uint8_t* data, int n, std::string& plainText);
     // The bytes that the frame at `data` takes, carried out, or 0 when it has to wait.
     int TakeFrame(const uint8_t* data, int n);
+    bool HasRoom(int quarters) const;
+    bool WaitForRoom();
     void Dispatch(int opcode, CParameterList& parameters);
     void Handshake(CParameterList& parameters);
     bool AppendToBuffer(const char* data, int n);

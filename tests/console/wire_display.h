@@ -25,7 +25,13 @@ public:
     void Connected() override { calls += "connected "; }
     void StartEvents() override { calls += "events "; }
     void ShowWrongVersion() override { calls += "wrong-version "; }
+    bool UserHasLeft() const override {
+        looks++;
+        return hasLeft;
+    }
     std::string calls;
+    std::atomic<bool> hasLeft{false};
+    mutable std::atomic<int> looks{0};
 };
 
 // Waits for the condition, at most ten seconds.

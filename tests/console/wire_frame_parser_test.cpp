@@ -255,15 +255,49 @@ TEST(WireFrameParser, AcceptsTheVersionAmongMoreParameters) {
 
 TEST(WireFrameParser, SendsEventsWithSixFields) {
     LocalDisplay display;
-    display.connection->SendEvent(TEvent{1, 2, -3, 400, 5, 0x1F600});
+    EXPECT_TRUE(display.connection->SendEvent(TEvent{1, 2, -3, 400, 5, 0x1F600}));
     EXPECT_EQ(Hex(display.Answers()), Hex(B::Event(6).Ints({1, 2, -3, 400, 5, 0x1F600})));
+}
+
+TEST(WireFrameParser, LeavesHalfOfAFullPipeToAnswers) {
+    LocalDisplay display;
+    int sent = 0;
+    while (sent < 100000 && display.connection->SendEvent(TEvent{0, sent, 0, 0, 0, 0}))
+        sent++;
+    EXPECT_GT(sent, 5000);
+    EXPECT_LT(sent, 20000);
+    display.Feed(B::Request(6, 0));
+    const std::string size = B::Reply(2).Ints({80, 25});
+    const std::string answers = display.Answers();
+    ASSERT_GT(answers.size(), size.size());
+    EXPECT_EQ(Hex(answers.substr(answers.size() - size.size())), Hex(size));
+    EXPECT_TRUE(display.connection->SendEvent(TEvent{}));
+}
+
+// A far end that asks without reading: the answers wait until the user leaves.
+TEST(WireFrameParser, EndsTheWaitForRoomWhenTheUserLeaves) {
+    LocalDisplay display;
+    std::string questions;
+    for (int i = 0; i < 1000; i++)
+        questions += B::Request(6, 0).bytes;
+    std::thread user([&] {
+        EXPECT_TRUE(Eventually([&] { return display.session.looks > 0; }));
+        display.session.hasLeft = true;
+    });
+    for (int i = 0; i < 100; i++)
+        display.Feed(questions);
+    user.join();
+    const size_t most = 100000 * B::Reply(2).Ints({80, 25}).bytes.size();
+    const size_t got = display.Answers().size();
+    EXPECT_GT(got, most / 10);
+    EXPECT_LT(got, 1u << 20);
 }
 
 TEST(WireFrameParser, KeepsFramesOfSeveralWritersWhole) {
     LocalDisplay display;
     std::thread other([&] {
         for (int i = 0; i < 500; i++)
-            display.connection->SendEvent(TEvent{0, i, 0, 0, 0, 0});
+            EXPECT_TRUE(display.connection->SendEvent(TEvent{0, i, 0, 0, 0, 0}));
     });
     for (int i = 0; i < 500; i++)
         display.Feed(B::Request(6, 0));

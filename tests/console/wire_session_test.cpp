@@ -258,7 +258,7 @@ TEST(WireSession, MovesTheClipboardBothWays) {
 TEST(WireSession, BringsEventsInOrder) {
     Session session;
     for (int i = 0; i < 300; i++)
-        session.display.connection->SendEvent(TEvent{0, i + 1, i % 8, 0, 0, 0});
+        ASSERT_TRUE(session.display.connection->SendEvent(TEvent{0, i + 1, i % 8, 0, 0, 0}));
     for (int i = 0; i < 300; i++) {
         TEvent event;
         ASSERT_TRUE(session.far->ReadEvent(event, 10000));

@@ -302,5 +302,47 @@ TEST_F(RemoteSessionTest, EndsWhileEventsWaitForRoom) {
     EXPECT_TRUE(Ends());
 }
 
+// Nobody reads, and still the window closes: the pipe is full of events before it is closed.
+TEST_F(RemoteSessionTest, EndsAtTheSecondCloseWhileEventsWaitForRoom) {
+    Open(std::string(kHandshake) + "\n" + kDrawFar + "\nwhile :; do sleep 1; done");
+    ASSERT_TRUE(Shows("Far"));
+    for (int i = 0; i < 30000; i++)
+        screen.PushKey('x');
+    ASSERT_TRUE(WaitFor([this] { return screen.PendingEvents() == 0; }));
+    Close();
+    Close();
+    EXPECT_TRUE(Ends());
+}
+
+// A system that forgets ended processes, as some that start the program ask for it.
+TEST_F(RemoteSessionTest, TellsAWaitThatFails) {
+    const auto childEnds = signal(SIGCHLD, SIG_IGN);
+    Open("true");
+    EXPECT_TRUE(Shows("Error " + std::to_string(ECHILD) + " waiting for child"));
+    screen.PushKey(kKeyEsc);
+    EXPECT_TRUE(Shows("No session could be opened on host castle"));
+    screen.PushKey(kKeyEsc);
+    EXPECT_TRUE(Ends());
+    signal(SIGCHLD, childEnds);
+}
+
+// The setting as it is without a configuration file, with other programs of the names on the path.
+TEST_F(RemoteSessionTest, RunsTheFarEndBySshUnlessTheSettingsSayOtherwise) {
+    const auto makeProgram = [this](const char* name, const std::string& script) {
+        const std::string path = folder + "/" + name;
+        std::ofstream(path) << "#!/bin/sh\n" << script << "\n";
+        ASSERT_EQ(0, chmod(path.c_str(), 0755));
+    };
+    makeProgram("ssh", "echo \"$@\" >" + folder + "/words\nshift $(($# - 1))\nexec \"$1\"");
+    makeProgram("zt-remote", std::string(kHandshake) + "\n" + kDrawFar);
+    const std::string path = getenv("PATH");
+    setenv("PATH", (folder + ":" + path).c_str(), 1);
+    OpenCommand(Settings().connectRemote.ToUtf8().c_str());
+    EXPECT_TRUE(Shows("Far"));
+    EXPECT_TRUE(Ends());
+    setenv("PATH", path.c_str(), 1);
+    EXPECT_EQ(Content("words"), "castle zt-remote\n");
+}
+
 }  // namespace
 }  // namespace zt
