@@ -16,6 +16,7 @@
 #include "console/program/connect_command.h"
 #include "console/program/connect_process.h"
 #include "console/program/event_pump.h"
+#include "console/program_state.h"
 #include "console/wire/remote_connection.h"
 #include "foundation/file_name.h"
 #include "ui/message_box.h"
@@ -55,7 +56,7 @@ private:
 
 class RemoteSession : public IDisplaySession {
 public:
-    RemoteSession(IConsole& console, const Estring& host);
+    RemoteSession(IConsole& screen, const Estring& host);
     ~RemoteSession() override;
     RemoteSession(const RemoteSession&) = delete;
     RemoteSession& operator=(const RemoteSession&) = delete;
@@ -78,7 +79,7 @@ private:
     void TellEnd();
     Westring EndReason() const;
 
-    IConsole& console;
+    IConsole& screen;
     const Estring host;
     ConnectProcess process;
     std::unique_ptr<CRemoteConnection> connection;
@@ -92,33 +93,33 @@ private:
     bool wrongVersion = false;
 };
 
-RemoteSession::RemoteSession(IConsole& screen, const Estring& toHost)
-    : console(screen),
+RemoteSession::RemoteSession(IConsole& onScreen, const Estring& toHost)
+    : screen(onScreen),
       host(toHost),
       pump(screen, [this](const TEvent& event) { return connection->SendEvent(event); }),
       buffer(new char[kReadBytes + 1]) {}
 
 RemoteSession::~RemoteSession() {
-    console.CloseTerminal();
+    screen.CloseTerminal();
     process.End();
     pump.Stop();
 }
 
 void RemoteSession::Run(const std::vector<std::string>& words) {
-    console.SetFillAttribute(kSessionFillAttribute);
+    screen.SetFillAttribute(kSessionFillAttribute);
     int columns, rows;
-    console.GetSize(columns, rows);
+    screen.GetSize(columns, rows);
     const int error = process.Start(words, columns, rows);
     if (error != 0) {
         ShowBox("Failed to start process in OpenConnection", Westring(strerror(error)).c_str());
         return;
     }
     const int input = process.TakeInput();
-    connection = std::make_unique<CRemoteConnection>(console, *this, input);
-    console.OpenTerminal(input);
+    connection = std::make_unique<CRemoteConnection>(screen, *this, input);
+    screen.OpenTerminal(input);
     pump.Start();
     Loop();
-    console.CloseTerminal();
+    screen.CloseTerminal();
     if (!UserHasLeft()) TellFailedWait(process.WaitForEnd(kEndMilliseconds));
     process.End();
     pump.Stop();
@@ -126,7 +127,7 @@ void RemoteSession::Run(const std::vector<std::string>& words) {
 }
 
 void RemoteSession::Connected() {
-    console.CloseTerminal();
+    screen.CloseTerminal();
     standardOutput.Set();
 }
 
@@ -142,7 +143,7 @@ void RemoteSession::Loop() {
     while (!UserHasLeft() && !(terminalEnded && pipeEnded)) {
         TellFailedWait(process.LookForEnd());
         int columns, rows;
-        console.GetSize(columns, rows);
+        screen.GetSize(columns, rows);
         process.Terminal().SetSize(columns, rows);
         if (!WaitForData() && process.HasEnded()) return;
     }
@@ -185,10 +186,10 @@ void RemoteSession::ShowRemark(char* text, int n) {
         return;
     }
     // From its first word on it is the one that asks.
-    if (!terminalSpoke) console.OpenTerminal(process.Terminal().Master());
+    if (!terminalSpoke) screen.OpenTerminal(process.Terminal().Master());
     terminalSpoke = true;
     text[n] = 0;
-    console.WriteStream(text);
+    screen.WriteStream(text);
 }
 
 void RemoteSession::TakeFromPipe() {
@@ -201,9 +202,10 @@ void RemoteSession::TakeFromPipe() {
     connection->Feed(buffer.get(), static_cast<int>(got));
 }
 
-// A far end that stands is asked first, and is left without an answer only at the second time.
+// A far end that stands is asked first, and is left without an answer only at the second time. A
+// window closed on a box has nobody to ask.
 bool RemoteSession::UserHasLeft() const {
-    return pump.QuitCount() > (connection->IsConnected() ? 1 : 0);
+    return quitSeen || pump.QuitCount() > (connection->IsConnected() ? 1 : 0);
 }
 
 void RemoteSession::TellEnd() {
@@ -237,8 +239,8 @@ Westring RemoteSession::EndReason() const {
 
 }  // namespace
 
-void OpenConnection(IConsole& console, const Estring& host) {
-    RemoteSession(console, host).Run(SplitConnectCommand(BuildConnectCommand(host)));
+void OpenConnection(IConsole& screen, const Estring& host) {
+    RemoteSession(screen, host).Run(SplitConnectCommand(BuildConnectCommand(host)));
 }
 
 }  // namespace zt

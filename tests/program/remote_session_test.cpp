@@ -2,7 +2,9 @@
 // with a session that stands is tested elsewhere; here it is a few bytes of a script.
 #include "console/program/remote_session.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -15,6 +17,7 @@
 #include <sstream>
 
 #include "console/program/connect_command.h"
+#include "console/terminal/pseudo_terminal.h"
 #include "foundation/colour_classes.h"
 #include "tests/ui/ui_fixture.h"
 
@@ -300,6 +303,40 @@ TEST_F(RemoteSessionTest, EndsWhileEventsWaitForRoom) {
     ASSERT_TRUE(Shows("The session has ended on host castle"));
     screen.PushKey(kKeyEsc);
     EXPECT_TRUE(Ends());
+}
+
+// A far end of another version may stay for ever.
+TEST_F(RemoteSessionTest, EndsWhenTheWindowIsClosedOnABox) {
+    Open(std::string(kWrongHandshake) + "\nwhile :; do sleep 1; done");
+    ASSERT_TRUE(Shows("Incorrect protocol version"));
+    Close();
+    EXPECT_TRUE(Ends());
+}
+
+// The window may have been opened from a terminal.
+TEST_F(RemoteSessionTest, MakesItsOwnTerminalRawWhileTheSessionStands) {
+    PseudoTerminal own;
+    ASSERT_EQ(0, own.Open(80, 25));
+    const auto isRaw = [&own] {
+        termios line{};
+        EXPECT_EQ(0, tcgetattr(own.Slave(), &line));
+        return (line.c_lflag & (ICANON | ECHO | ISIG)) == 0 && (line.c_oflag & OPOST) == 0;
+    };
+    fflush(stdout);
+    const int usual = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    ASSERT_GE(dup2(own.Slave(), STDOUT_FILENO), 0);
+    Open("echo asks >&2\nread -r key </dev/tty\n" + std::string(kHandshake) + "\n" + kDrawFar +
+         "\nread -r key");
+    EXPECT_TRUE(Shows("asks"));
+    EXPECT_FALSE(isRaw());
+    Type("\n");
+    EXPECT_TRUE(Shows("Far"));
+    EXPECT_TRUE(isRaw());
+    TypeKey(10);  // a byte 0A in the event ends the script's read
+    EXPECT_TRUE(Ends());
+    EXPECT_FALSE(isRaw());
+    dup2(usual, STDOUT_FILENO);
+    close(usual);
 }
 
 // Nobody reads, and still the window closes: the pipe is full of events before it is closed.
