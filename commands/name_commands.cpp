@@ -51,8 +51,7 @@ LineWord WordBefore(const CommandLine& line) {
 void InsertName(LoopState& state, const entry& current) {
     const LineWord word = WordBefore(state.line);
     if (!word.text.IsEmpty() && word.text[word.text.Length() - 1] == L'/') {
-        state.line.Replace(word.start, state.line.Position(),
-                           ShellWord(word.text + current.name));
+        state.line.Replace(word.start, state.line.Position(), ShellWord(word.text + current.name));
         return;
     }
     Westring name = ShellWord(current.name);

@@ -1,7 +1,6 @@
 // Running work on files under faults.
 #include "tests/support/file_work.h"
 
-
 #include "tests/support/panel_view.h"
 
 namespace zt::headless {
