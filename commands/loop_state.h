@@ -47,7 +47,7 @@ struct LoopState {
     CommandHistory history;
     bool drawCursorBar = true;
     int drawLine = kDrawLineBarAndTitle;
-    int carriedKey = 0;          // a key that an inner loop has read and the next pass handles
+    int carriedKey = 0;  // a key that an inner loop has read and the next pass handles
     TEventRecord carriedRecord;  // what came with it
     bool leave = false;
     bool bothPanelsOff = false;
@@ -59,8 +59,8 @@ struct LoopState {
     int32_t pressedFunctionKey = 0;  // under the last press of a mouse button, or 0
     std::unique_ptr<CFunctionKeyBar> functionKeys;
     PullDownMenu menu;
-    bool menuCancelled = true;                 // the menu was last left with nothing chosen
-    bool objectsInTerminal = false;            // what was last answered when launchers were made
+    bool menuCancelled = true;  // the menu was last left with nothing chosen
+    bool objectsInTerminal = false;  // what was last answered when launchers were made
     IScrollBackCommand* scrollBack = nullptr;  // borrowed
 
     // A command changed what the panels or the line show: all of it is drawn at the next pass.

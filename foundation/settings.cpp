@@ -5,13 +5,10 @@ namespace zt {
 Settings settings;
 
 Settings::Settings() {
-    for (int i = 0; i < kColourClassCount; i++)
-        colours[i] = kColourClasses[i].defaultAttribute;
+    for (int i = 0; i < kColourClassCount; i++) colours[i] = kColourClasses[i].defaultAttribute;
 }
 
-uint8_t Colour(ColourClass colourClass) {
-    return settings.colours[static_cast<int>(colourClass)];
-}
+uint8_t Colour(ColourClass colourClass) { return settings.colours[static_cast<int>(colourClass)]; }
 
 void ResetColours() {
     for (int i = 0; i < kColourClassCount; i++) {
