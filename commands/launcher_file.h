@@ -1,5 +1,5 @@
-// Desktop launchers: files that a desktop shows as an icon and that start a command ("Desktop Entry
-// Specification"). No screen. First thread only.
+// Desktop launchers: files that a desktop shows as an icon and that start a command, in the
+// Desktop Entry format. No screen. First thread only.
 #pragma once
 
 #include "foundation/estring.h"

@@ -10,14 +10,11 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-class Associations : public testing::Test {
+class Associations : public CommandRuns {
 protected:
     SessionOptions With(const std::string& configuration) {
         home.File("own.ini", configuration);
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
+        SessionOptions options = InTree();
         options.arguments = {home.PathOf("own.ini")};
         return options;
     }
@@ -44,9 +41,6 @@ protected:
         tree.Remove("out");
         return text;
     }
-
-    FileTree home;
-    FileTree tree;
 };
 
 TEST_F(Associations, EnterRunsTheRuleThatMatches) {

@@ -14,15 +14,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-class CommandEdges : public testing::Test {
+class CommandEdges : public CommandRuns {
 protected:
-    SessionOptions InTree() {
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
-        return options;
-    }
     SessionOptions AsOrdinaryUser() {
         tree.GiveTo(OrdinaryUser());
         home.GiveTo(OrdinaryUser());
@@ -53,7 +46,7 @@ protected:
         return waitpid(child, &status, 0) == child && status == 0;
     }
 
-    FileTree home, tree, tools, temporary;
+    FileTree tools, temporary;
 };
 
 // --- vcd

@@ -12,15 +12,8 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-class Histories : public testing::Test {
+class Histories : public CommandRuns {
 protected:
-    SessionOptions InTree() {
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
-        return options;
-    }
     SessionOptions WithHistory(const std::string& history) {
         home.File(".ztx/zt.hst", history);
         return InTree();
@@ -45,9 +38,6 @@ protected:
         return "no bar";
     }
     static constexpr uint8_t kMenuBar = 0x0F;
-
-    FileTree home;
-    FileTree tree;
 };
 
 // --- Commands ---

@@ -8,20 +8,13 @@ namespace {
 using testing::ElementsAre;
 using testing::EndsWith;
 
-class LineCompletion : public testing::Test {
+class LineCompletion : public CommandRuns {
 protected:
     SessionOptions WithHistory(const std::string& history) {
         home.File(".ztx/zt.hst", history);
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
-        return options;
+        return InTree();
     }
     static std::string Line(const Session& session) { return session.Row(session.Rows() - 2); }
-
-    FileTree home;
-    FileTree tree;
 };
 
 TEST_F(LineCompletion, OffersTheCommandsThatBeginAsTheLine) {

@@ -12,22 +12,12 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-class RunningPrograms : public testing::Test {
+class RunningPrograms : public CommandRuns {
 protected:
-    SessionOptions InTree() {
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
-        return options;
-    }
     testing::AssertionResult Appears(Session& session, const std::string& name) {
         return session.WaitFor([&] { return tree.Exists(name); }, name.c_str());
     }
     std::string History() { return home.Content(".ztx/zt.hst"); }
-
-    FileTree home;
-    FileTree tree;
 };
 
 TEST_F(RunningPrograms, LeaveTheirOutputBehindThePanels) {

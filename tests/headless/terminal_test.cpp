@@ -10,21 +10,11 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-class Terminal : public testing::Test {
+class Terminal : public CommandRuns {
 protected:
-    SessionOptions InTree() {
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
-        return options;
-    }
     static bool IsInstalled(const char* program) {
         return access((std::string("/usr/bin/") + program).c_str(), X_OK) == 0;
     }
-
-    FileTree home;
-    FileTree tree;
 };
 
 TEST_F(Terminal, AnEditorSavesAFile) {

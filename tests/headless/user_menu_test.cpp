@@ -12,15 +12,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-class UserMenu : public testing::Test {
+class UserMenu : public CommandRuns {
 protected:
-    SessionOptions InTree() {
-        SessionOptions options;
-        options.directory = tree.Path();
-        options.home = home.Path();
-        options.environment["SHELL"] = "/bin/sh";
-        return options;
-    }
     // Keys by name; a single character is typed.
     static void Keys(Session& session, std::initializer_list<std::string_view> keys) {
         for (const std::string_view key : keys)
@@ -43,9 +36,6 @@ protected:
         return {};
     }
     std::string Written(const std::string& name) { return tree.Content(name); }
-
-    FileTree home;
-    FileTree tree;
 };
 
 TEST_F(UserMenu, WithoutAFileNothingHappens) {

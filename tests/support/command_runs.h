@@ -17,6 +17,21 @@ void RunTyped(Session& session, std::string_view command);
 [[nodiscard]] testing::AssertionResult StartTyped(Session& session, std::string_view command,
                                                   std::string_view printed);
 
+// A session with a home and a tree of files of its own, whose commands the plain shell runs.
+class CommandRuns : public testing::Test {
+protected:
+    SessionOptions InTree() const {
+        SessionOptions options;
+        options.directory = tree.Path();
+        options.home = home.Path();
+        options.environment["SHELL"] = "/bin/sh";
+        return options;
+    }
+
+    FileTree home;
+    FileTree tree;
+};
+
 // What is on the screen behind the panels.
 std::string BehindThePanels(Session& session);
 
