@@ -196,7 +196,7 @@ TEST_P(CommandScreens, TheProgramHasTheWholeScreen) {
     EXPECT_EQ(session.Row(last), "ask");
     EXPECT_EQ(session.Row(last - 1), tree.Path() + ">printf ask; read x");
     EXPECT_EQ(session.CursorRow(), last);
-    EXPECT_EQ(session.CursorColumn(), 3);
+    EXPECT_TRUE(session.WaitFor([&] { return session.CursorColumn() == 3; }, "the cursor"));
     EXPECT_FALSE(PanelView(session, 0).IsShown());
     EXPECT_FALSE(PanelView(session, 1).IsShown());
     session.Press("Enter");

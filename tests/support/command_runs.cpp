@@ -18,7 +18,8 @@ testing::AssertionResult StartTyped(Session& session, std::string_view command,
                                     std::string_view printed) {
     session.Type(command);
     session.Send(KeyPress("Enter"));
-    return session.WaitForText(printed);
+    const testing::AssertionResult waited = session.WaitForText(printed);
+    return waited ? session.WaitForQuiet() : waited;
 }
 
 std::string BehindThePanels(Session& session) {
