@@ -338,7 +338,8 @@ TEST_F(Filter, OfABadRuleIsReportedAtTheStart) {
     options.waitForPanels = false;
     Session session(options);
     ASSERT_TRUE(session.WaitForText("Error in association"));
-    EXPECT_THAT(session.Text(), HasSubstr("%size~1:red:Invalid comparitor '~'"));
+    ASSERT_TRUE(session.WaitForText("%size~1:red:Invalid comparitor '~'"));
+    ASSERT_TRUE(session.WaitForQuiet());
     session.Press("Enter");
     ASSERT_TRUE(session.WaitForText("(*.c: cat:) expected"));
     session.Press("Enter");
